@@ -1,0 +1,6 @@
+// TEMPORARY STUB: replaced by the real implementation.
+#include "model/back_projection.h"
+
+#pragma GCC diagnostic ignored "-Wunused-parameter"
+void GetBackProjectionImage_YCC420BUNCH_Obj_C(int (*hist)[32][16], uint8_t* y, uint8_t* cbcr, int w, int h, int lineStep, uint8_t* weights, OT_RECT rect) {}
+void GetBackProjectionImage_YCC420BUNCH_Obj(int (*hist)[32][16], uint8_t* y, uint8_t* cbcr, int w, int h, int lineStep, uint8_t* weights, OT_RECT rect) {}

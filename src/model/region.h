@@ -1,0 +1,15 @@
+// Measurements over the weight image and rectangle checks.
+#pragma once
+
+#include <cstdint>
+
+#include "image/ot_types.h"
+#include "platform/export.h"
+
+PLOVIX_EXPORT int GetWeightCenter_Obj(uint8_t* weights, int stride, int h, OT_RECT rect, int* cx, int* cy);
+PLOVIX_EXPORT int GetFilledRates_Obj(uint8_t* weights, int stride, int h, OT_RECT rect, int threshold);
+PLOVIX_EXPORT int GetFilledPixels_Obj(uint8_t* weights, int stride, int h, OT_RECT rect, int threshold);
+// Bounding box of the non-zero bytes, inclusive; note the columns-first argument order.
+PLOVIX_EXPORT OT_RECT GetClosedRect(uint8_t* image, int left, int right, int top, int bottom, int stride, int unused);
+PLOVIX_EXPORT OT_RECT MoveNoOutofImage_Obj(OT_RECT rect, int w, int h);
+PLOVIX_EXPORT bool ValidRectangle_Obj(int w, int h, OT_RECT rect);

@@ -1,0 +1,7 @@
+#include "platform/memory.h"
+
+#include <cstdlib>
+
+uint8_t* AllocZeroedImage(size_t nominalBytes, size_t rowBytes) {
+  return static_cast<uint8_t*>(std::calloc(nominalBytes + ImageReadPad(rowBytes), 1));
+}
