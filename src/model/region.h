@@ -13,3 +13,10 @@ PLOVIX_EXPORT int GetFilledPixels_Obj(uint8_t* weights, int stride, int h, OT_RE
 PLOVIX_EXPORT OT_RECT GetClosedRect(uint8_t* image, int left, int right, int top, int bottom, int stride, int unused);
 PLOVIX_EXPORT OT_RECT MoveNoOutofImage_Obj(OT_RECT rect, int w, int h);
 PLOVIX_EXPORT bool ValidRectangle_Obj(int w, int h, OT_RECT rect);
+
+// Internal sums shared with size estimation and the tracking step. The image is stride * h bytes;
+// a pixel of rect whose linear index y * stride + x lies inside the image is read as it is (a column
+// past the row end reads the next row), one outside counts as 0.
+int64_t SumWeightsInRect(const uint8_t* weights, int stride, int h, OT_RECT rect);
+// Number of pixels of rect whose weight is greater than threshold, same rule.
+int32_t CountWeightsAbove(const uint8_t* weights, int stride, int h, OT_RECT rect, int threshold);

@@ -13,3 +13,8 @@ PLOVIX_EXPORT int OTK_ObjTrackBgnMasking(uint8_t* y, uint8_t* cbcr, int w, int h
                                          int right, int bottom, uint8_t* mask);
 // Template crop: packs the rows of rect from src (row step stride) into dst.
 PLOVIX_EXPORT void Update_object(OT_RECT rect, int stride, uint8_t* src, uint8_t* dst);
+
+// Crops rect (its width and height as given) from a w x h luma plane into dst, rows packed. A rect
+// sticking out of the frame is shifted into it at the same size; where it is still larger than the
+// frame, the nearest edge pixel repeats. An unordered rect leaves dst untouched.
+void CropTemplate(const uint8_t* luma, int w, int h, OT_RECT rect, uint8_t* dst);
