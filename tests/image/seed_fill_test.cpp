@@ -1,0 +1,87 @@
+#include "image/seed_fill.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <deque>
+#include <vector>
+
+#include "platform/memory.h"
+
+namespace {
+
+// Plain 4-connected breadth-first fill over the luma values within `threshold` of the seed's.
+std::vector<uint8_t> ReferenceFill(const std::vector<uint8_t>& img, int w, int h, int sx, int sy, int threshold) {
+  std::vector<uint8_t> out(img.size(), 0);
+  std::deque<std::pair<int, int>> todo = {{sx, sy}};
+  while (!todo.empty()) {
+    auto [x, y] = todo.front();
+    todo.pop_front();
+    if (x < 0 || y < 0 || x >= w || y >= h || out[y * w + x] != 0) continue;
+    if (std::abs(img[y * w + x] - img[sy * w + sx]) > threshold) continue;
+    out[y * w + x] = 255;
+    todo.insert(todo.end(), {{x - 1, y}, {x + 1, y}, {x, y - 1}, {x, y + 1}});
+  }
+  return out;
+}
+
+TEST(SeedFill, MatchesAPlainFourConnectedFillOnRaggedImages) {
+  const int w = 37, h = 23;
+  uint32_t s = 12345;
+  for (int trial = 0; trial < 40; ++trial) {
+    std::vector<uint8_t> img(w * h), chroma(w * h, 0), filled(w * h, 0);
+    for (auto& v : img) {
+      s = s * 1664525u + 1013904223u;
+      v = static_cast<uint8_t>(((s >> 24) % 3) * 100 + ((s >> 16) & 1));  // 0/1, 100/101, 200/201
+    }
+    const int sx = trial % w, sy = (trial * 7) % h;
+    SeedFill fill{w, h, img.data(), chroma.data(), filled.data(), 1};
+    fill.doFill(sx, sy);
+    ASSERT_EQ(filled, ReferenceFill(img, w, h, sx, sy, 1)) << "trial " << trial;
+  }
+}
+
+// A 12x10 mask: a block (3..8, 3..8) around a one-pixel hole at (5, 5), and a background pocket
+// at (10..11, 0..1) walled off from the corner.
+class FillHoles : public ::testing::Test {
+ protected:
+  static constexpr int kW = 12, kH = 10;
+  uint8_t* MakeMask() {
+    uint8_t* m = AllocZeroedImage(kW * kH, kW);
+    for (int y = 3; y <= 8; ++y) {
+      for (int x = 3; x <= 8; ++x) m[y * kW + x] = 255;
+    }
+    m[5 * kW + 5] = 0;
+    for (int i = 0; i < 3; ++i) m[2 * kW + 9 + i] = m[i * kW + 9] = 255;
+    return m;
+  }
+  std::vector<int> At(const uint8_t* m, std::vector<std::pair<int, int>> points) {
+    std::vector<int> v;
+    for (auto [x, y] : points) v.push_back(m[y * kW + x]);
+    return v;
+  }
+};
+
+// Right and bottom at the size (as segmentation clips them) are still filled; left or top 0 and
+// right or bottom at the last index leave the mask as it was, holes and all.
+TEST_F(FillHoles, FillsOnlyWhenTheRectangleAvoidsTheLeftTopAndLastIndex) {
+  const std::vector<std::pair<int, int>> probes = {{5, 5}, {10, 1}, {3, 3}, {0, 0}, {9, 5}};
+  const struct {
+    int l, t, r, b;
+    bool filled;
+  } cases[] = {{1, 1, kW, kH, true},
+               {0, 1, 8, 8, false},
+               {1, 0, 8, 8, false},
+               {1, 1, kW - 1, 8, false},
+               {1, 1, 8, kH - 1, false}};
+  for (const auto& c : cases) {
+    uint8_t* mask = MakeMask();
+    int l = c.l, t = c.t, r = c.r, b = c.b;
+    uint8_t* out = Segment_FillHoles(mask, kW, kH, 0, 0, 0, &l, &t, &r, &b);
+    EXPECT_EQ(out != mask, c.filled);
+    EXPECT_EQ(At(out, probes), (c.filled ? std::vector<int>{255, 255, 255, 0, 0} : std::vector<int>{0, 0, 255, 0, 0}));
+    std::free(out);
+  }
+}
+
+}  // namespace
