@@ -1,9 +1,54 @@
-// TEMPORARY STUB: replaced by the real implementation.
 #include "tracking/driver.h"
 
-#pragma GCC diagnostic ignored "-Wunused-parameter"
-int OTK_ObjTracking(uint8_t* y, uint8_t* cbcr, int width, int height, int lineStep, OT_RECT* rect, int* moveEvent, int* sizeEvent, int* moveX, int* moveY, int* state) { return 0; }
-int ActionMotionEventM(OT_RECT r) { return 0; }
-int ActionMotionEventS(OT_RECT r) { return 0; }
-int ActionMotionEventMove(int* dx, int* dy) { return 0; }
-int ActionMotionEventSize() { return 0; }
+#include "tracking/motion_events.h"
+#include "tracking/track_step.h"
+#include "tracking/tracker_state.h"
+
+namespace {
+
+constexpr int kStateTracking = 0;
+constexpr int kStateLost = 1;
+constexpr int kGaveUp = -1;
+
+void ClassifyMotion(const OT_RECT& rect, int* moveEvent, int* sizeEvent, int* moveX, int* moveY) {
+  if (ActionMotionEventM(rect) == 1) {
+    g_nLastMoveEvent = ActionMotionEventMove(moveX, moveY);
+    if (g_nLastMoveEvent == 0) {
+      *moveX = 0;
+      *moveY = 0;
+    }
+  }
+  if (ActionMotionEventS(rect) == 1) g_nLastSizeEvent = ActionMotionEventSize();
+  *moveEvent = g_nLastMoveEvent;
+  *sizeEvent = g_nLastSizeEvent;
+}
+
+}  // namespace
+
+int OTK_ObjTracking(uint8_t* y, uint8_t* cbcr, int width, int height, int lineStep, OT_RECT* rect, int* moveEvent,
+                    int* sizeEvent, int* moveX, int* moveY, int* state) {
+  if (m_nOT < 1) {
+    m_nOT = 0;
+    return 0;
+  }
+  Track_YCC420BUNCH_Obj(&gMst, y, cbcr, width, height, lineStep);
+  if (m_nOT != 1) return 0;
+
+  *rect = gMst.rcObject;
+  ClassifyMotion(*rect, moveEvent, sizeEvent, moveX, moveY);
+  if (state != nullptr) *state = gMst.nState;
+
+  if (gMst.nState == kStateLost) {
+    // The 102nd consecutive lost frame ends tracking.
+    if (LostCount > kMaxLostFrames) return kGaveUp;
+    ++LostCount;
+    *rect = gMst.rcLastGood;
+    return m_nOT;
+  }
+  if (gMst.nState == kStateTracking) {
+    gMst.rcLastGood = *rect;
+    LostCount = 0;
+    return m_nOT;
+  }
+  return 0;
+}

@@ -13,7 +13,3 @@ constexpr int kMaxLostFrames = 100;
 // has been lost too long. state may be null.
 PLOVIX_EXPORT int OTK_ObjTracking(uint8_t* y, uint8_t* cbcr, int width, int height, int lineStep, OT_RECT* rect,
                                   int* moveEvent, int* sizeEvent, int* moveX, int* moveY, int* state);
-PLOVIX_EXPORT int ActionMotionEventM(OT_RECT r);
-PLOVIX_EXPORT int ActionMotionEventS(OT_RECT r);
-PLOVIX_EXPORT int ActionMotionEventMove(int* dx, int* dy);
-PLOVIX_EXPORT int ActionMotionEventSize();
