@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdlib>
 
+#include "model/region.h"
 #include "platform/arith.h"
 
 namespace {
@@ -70,27 +71,6 @@ OT_RECT RectAroundCentre(int32_t cx, int32_t cy, int32_t width, int32_t height) 
   return OT_RECT{Wrap32Sub(cx, hw), Wrap32Sub(cy, hh), Wrap32Add(cx, hw), Wrap32Add(cy, hh)};
 }
 
-// Shifted, not shrunk: a rectangle larger than the image keeps a negative left or top.
-OT_RECT ShiftIntoImage(OT_RECT r, int w, int h) {
-  if (r.left < 0) {
-    r.right = Wrap32Sub(r.right, r.left);
-    r.left = 0;
-  }
-  if (r.right > w) {
-    r.left = Wrap32Add(r.left, Wrap32Sub(w, r.right));
-    r.right = w;
-  }
-  if (r.top < 0) {
-    r.bottom = Wrap32Sub(r.bottom, r.top);
-    r.top = 0;
-  }
-  if (r.bottom > h) {
-    r.top = Wrap32Add(r.top, Wrap32Sub(h, r.bottom));
-    r.bottom = h;
-  }
-  return r;
-}
-
 // One axis of the wide search's window: clamp into [lo, hi), then keep at least 10 pixels,
 // anchored at whichever region edge the window lies against.
 void ClampSearchAxis(int32_t* first, int32_t* last, int32_t lo, int32_t hi) {
@@ -122,7 +102,8 @@ OT_RECT MeanShift_Obj(CMeanShiftTracker* t, uint8_t* weights, int w, int h, int*
     cy = c.y;
   }
   *outSum = static_cast<int32_t>(c.sum);
-  return ShiftIntoImage(RectAroundCentre(c.x, c.y, t->nObjW, t->nObjH), w, h);
+  // Shifted, not shrunk: a rectangle larger than the image keeps a negative left or top.
+  return MoveNoOutofImage_Obj(RectAroundCentre(c.x, c.y, t->nObjW, t->nObjH), w, h);
 }
 
 OT_RECT D_MeanShift_Obj(CMeanShiftTracker* /*t*/, uint8_t* weights, int w, int h, int x0, int y0, int* outSum,

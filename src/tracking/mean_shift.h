@@ -7,7 +7,8 @@
 #include "platform/export.h"
 #include "tracking/tracker_state.h"
 
-constexpr int kMeanShiftMaxIterations = 21;  // stop once k > 21 - 1: at most 22 centroids
+// A search stops once its iteration count reaches this: at most 22 centroid computations.
+constexpr int kMeanShiftMaxIterations = 21;
 
 PLOVIX_EXPORT OT_RECT MeanShift_Obj(CMeanShiftTracker* t, uint8_t* weights, int w, int h, int* outSum, int eps);
 PLOVIX_EXPORT OT_RECT D_MeanShift_Obj(CMeanShiftTracker* t, uint8_t* weights, int w, int h, int x0, int y0,
