@@ -1,13 +1,11 @@
 #include "image/dib.h"
 
-#include <gtest/gtest.h>
-
 #include <cstdlib>
-#include <vector>
+
+#include "support/test_support.h"
 
 namespace {
 
-using Ints = std::vector<int>;
 using Bytes = std::vector<uint8_t>;
 
 Bytes Ramp(int n, int from = 0) {
@@ -19,10 +17,9 @@ Bytes Ramp(int n, int from = 0) {
 TEST(Dib, ChromaPointersAddressThePairOfAPixel) {
   Bytes bytes = Ramp(64);
   tag_CDibYCC422 dib{bytes.data(), 4, 2, 16};
-  const Ints xs = {0, 1, 2, 3}, offsets = {17, 17, 21, 21};  // row 1: Cb of pair k at 4k + 1
-  for (int i = 0; i < 4; ++i) {
-    EXPECT_EQ(CDibYCC_GetCbPointer(&dib, xs[i], 1) - bytes.data(), offsets[i]);
-    EXPECT_EQ(CDibYCC_GetCbPointerExt(xs[i], 1, bytes.data(), 16) - bytes.data(), offsets[i]);
+  for (int x = 0; x < 4; ++x) {  // row 1: the Cb of pair k at 16 + 4k + 1
+    EXPECT_EQ(CDibYCC_GetCbPointer(&dib, x, 1) - bytes.data(), 17 + 4 * (x / 2));
+    EXPECT_EQ(CDibYCC_GetCbPointerExt(x, 1, bytes.data(), 16) - bytes.data(), 17 + 4 * (x / 2));
   }
 }
 
@@ -45,8 +42,10 @@ TEST(Dib, ConvertYCCCoreFillsChromaWith136) {
   std::free(out);
 }
 
-// Odd left/right are evened inward and written back; top/bottom untouched; the cut clamps at 0.
-TEST(Dib, Clip422EvensHorizontalEdgesInward) {
+using Ints = std::vector<int>;
+
+// Edges are evened inward and written back to the caller; the cut itself is clamped to the image.
+TEST(Dib, Clip422EvensHorizontalEdgesInwardAndClamps) {
   Bytes bytes = Ramp(200);
   tag_CDibYCC422 dib{bytes.data(), 10, 10, 20};
   const struct {
@@ -58,8 +57,7 @@ TEST(Dib, Clip422EvensHorizontalEdgesInward) {
     tag_CDibYCC422* cut = CDibYCC_ClipCDib(&dib, &e[0], &e[1], &e[2], &e[3]);
     EXPECT_EQ(e, c.out);
     EXPECT_EQ((Ints{cut->width, cut->height, cut->lineStep}), c.size);
-    EXPECT_EQ(cut->pixels[0], c.first);
-    EXPECT_EQ(cut->pixels[8], c.first + 20);
+    EXPECT_EQ((Ints{cut->pixels[0], cut->pixels[8]}), (Ints{c.first, c.first + 20}));
     CDibY_delCDibY(cut);
   }
 }

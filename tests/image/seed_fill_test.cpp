@@ -1,12 +1,10 @@
 #include "image/seed_fill.h"
 
-#include <gtest/gtest.h>
-
 #include <cstdlib>
 #include <deque>
-#include <vector>
 
 #include "platform/memory.h"
+#include "support/test_support.h"
 
 namespace {
 
@@ -42,44 +40,24 @@ TEST(SeedFill, MatchesAPlainFourConnectedFillOnRaggedImages) {
 }
 
 // A 12x10 mask: a block (3..8, 3..8) around a one-pixel hole at (5, 5), and a background pocket
-// at (10..11, 0..1) walled off from the corner.
-class FillHoles : public ::testing::Test {
- protected:
-  static constexpr int kW = 12, kH = 10;
-  uint8_t* MakeMask() {
-    uint8_t* m = AllocZeroedImage(kW * kH, kW);
+// at (10..11, 0..1) walled off from the corner. Right and bottom at the size (as segmentation clips
+// them) are still filled; left or top 0 and right or bottom at the last index leave the mask as it
+// was, holes and all.
+TEST(FillHoles, FillsOnlyWhenTheRectangleAvoidsTheLeftTopAndLastIndex) {
+  constexpr int kW = 12, kH = 10;
+  for (auto [l, t, r, b, filled] : {std::tuple{1, 1, kW, kH, true}, {0, 1, 8, 8, false}, {1, 0, 8, 8, false},
+                                    {1, 1, kW - 1, 8, false}, {1, 1, 8, kH - 1, false}}) {
+    uint8_t* mask = AllocZeroedImage(kW * kH, kW);
     for (int y = 3; y <= 8; ++y) {
-      for (int x = 3; x <= 8; ++x) m[y * kW + x] = 255;
+      for (int x = 3; x <= 8; ++x) mask[y * kW + x] = 255;
     }
-    m[5 * kW + 5] = 0;
-    for (int i = 0; i < 3; ++i) m[2 * kW + 9 + i] = m[i * kW + 9] = 255;
-    return m;
-  }
-  std::vector<int> At(const uint8_t* m, std::vector<std::pair<int, int>> points) {
-    std::vector<int> v;
-    for (auto [x, y] : points) v.push_back(m[y * kW + x]);
-    return v;
-  }
-};
-
-// Right and bottom at the size (as segmentation clips them) are still filled; left or top 0 and
-// right or bottom at the last index leave the mask as it was, holes and all.
-TEST_F(FillHoles, FillsOnlyWhenTheRectangleAvoidsTheLeftTopAndLastIndex) {
-  const std::vector<std::pair<int, int>> probes = {{5, 5}, {10, 1}, {3, 3}, {0, 0}, {9, 5}};
-  const struct {
-    int l, t, r, b;
-    bool filled;
-  } cases[] = {{1, 1, kW, kH, true},
-               {0, 1, 8, 8, false},
-               {1, 0, 8, 8, false},
-               {1, 1, kW - 1, 8, false},
-               {1, 1, 8, kH - 1, false}};
-  for (const auto& c : cases) {
-    uint8_t* mask = MakeMask();
-    int l = c.l, t = c.t, r = c.r, b = c.b;
+    mask[5 * kW + 5] = 0;
+    for (int i = 0; i < 3; ++i) mask[2 * kW + 9 + i] = mask[i * kW + 9] = 255;
     uint8_t* out = Segment_FillHoles(mask, kW, kH, 0, 0, 0, &l, &t, &r, &b);
-    EXPECT_EQ(out != mask, c.filled);
-    EXPECT_EQ(At(out, probes), (c.filled ? std::vector<int>{255, 255, 255, 0, 0} : std::vector<int>{0, 0, 255, 0, 0}));
+    EXPECT_EQ(out != mask, filled);
+    // Probes: the hole, the pocket, the block, the corner, outside the block.
+    const std::vector<int> probes = {out[5 * kW + 5], out[1 * kW + 10], out[3 * kW + 3], out[0], out[5 * kW + 9]};
+    EXPECT_EQ(probes, (filled ? std::vector<int>{255, 255, 255, 0, 0} : std::vector<int>{0, 0, 255, 0, 0}));
     std::free(out);
   }
 }

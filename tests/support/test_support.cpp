@@ -1,5 +1,6 @@
 #include "support/test_support.h"
 
+#include <cstdlib>
 #include <cstring>
 
 namespace plovix_test {
@@ -22,6 +23,60 @@ int LogCapture::CountPrefix(const std::string& prefix) const {
   int n = 0;
   for (const auto& l : lines_) n += (l.text.compare(0, prefix.size(), prefix) == 0) ? 1 : 0;
   return n;
+}
+
+std::vector<std::string> LogCapture::Tagged() const {
+  std::vector<std::string> out;
+  for (const auto& l : lines_) out.push_back(std::to_string(l.priority) + " " + l.text);
+  return out;
+}
+
+Engine::Engine() : handle_(create_plovix_handle()) { init_plovix(handle_); }
+
+Engine::~Engine() {
+  deinit_plovix(handle_);
+  destroy_plovix_handle(handle_);
+}
+
+void ResetTrackerGlobals() {
+  std::free(pObj_window);
+  std::free(pObj_Seg_window);
+  pObj_window = pObj_Seg_window = nullptr;
+  obj_W = obj_H = obj_sW = obj_sH = 0;
+  gMst = CMeanShiftTracker{};
+  m_nOT = Valid_cnt = NCC_cnt = LostCount = 0;
+  Valid_flg = false;
+  score_normcrosscorr = 100;
+  g_nDirMCount = g_nDirSCount = g_nLastMoveEvent = g_nLastSizeEvent = 0;
+  g_nRectIndex = g_nRectStack = -1;
+  g_nMovementStack = 0;
+  g_MAX_OBJ_SIZE = 100;
+  g_MIN_OBJ_SIZE = 20;
+  g_MIN_OBJ_SIZE_HALF = 10;
+  g_FF_SEARCH_OFFSET = 5;
+}
+
+Weights& Weights::Fill(int left, int top, int right, int bottom, uint8_t v, int n) {
+  for (int y = top; y < bottom; ++y) {
+    for (int x = left; x < right && n > 0; ++x, --n) px[static_cast<size_t>(y) * w + x] = v;
+  }
+  return *this;
+}
+
+WorkScene::WorkScene(int width, int height)
+    : w(width),
+      h(height),
+      y(static_cast<size_t>(width) * height, 100),
+      cbcr(static_cast<size_t>(width) * (height / 2 + 1), 128) {}
+
+std::vector<uint8_t> WorkScene::Crop(int l, int t, int r, int b) const {
+  std::vector<uint8_t> out;
+  for (int yy = t; yy < b; ++yy) out.insert(out.end(), y.begin() + yy * w + l, y.begin() + yy * w + r);
+  return out;
+}
+
+void SetObjectWeight(uint8_t weight) {
+  for (auto& bin : gMst.histModel[WorkScene::kObjCb >> 3][WorkScene::kObjCr >> 3]) bin = weight;
 }
 
 Frame MakeUniformFrame(int width, int height, uint8_t y, uint8_t c0, uint8_t c1) {

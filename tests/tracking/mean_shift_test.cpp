@@ -1,26 +1,12 @@
 #include "tracking/mean_shift.h"
 
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <array>
-#include <vector>
+#include "support/test_support.h"
 
 namespace {
 
 using Box = std::array<int, 4>;
-Box B(const OT_RECT& r) { return {r.left, r.top, r.right, r.bottom}; }
-
-// Exactly w * h bytes, so a read past the end shows under ASan.
-struct Weights {
-  Weights(int width, int height) : w(width), h(height), px(static_cast<size_t>(width) * height) {}
-  Weights& Fill(int left, int top, int right, int bottom, uint8_t v) {
-    for (int y = top; y < bottom; ++y) std::fill(px.begin() + y * w + left, px.begin() + y * w + right, v);
-    return *this;
-  }
-  int w, h;
-  std::vector<uint8_t> px;
-};
+using plovix_test::Edges;
+using plovix_test::Weights;
 
 TEST(MeanShift, FollowsTheWeights) {
   Weights ramp(100, 100);
@@ -45,13 +31,14 @@ TEST(MeanShift, FollowsTheWeights) {
     CMeanShiftTracker t = {};
     SetTrackRect_Obj(&t, c.track);
     int sum = -1;
-    EXPECT_EQ(B(MeanShift_Obj(&t, c.img.px.data(), c.img.w, c.img.h, &sum, 1)), c.expected);
+    EXPECT_EQ(Edges(MeanShift_Obj(&t, c.img.px.data(), c.img.w, c.img.h, &sum, 1)), c.expected);
     EXPECT_EQ(sum, c.sum);
   }
 }
 
-TEST(WideSearch, FixedRegionWithTenPixelMinimumAndIterationCap) {
-  const int savedW = obj_W, savedH = obj_H;
+using WideSearch = plovix_test::TrackerTest;
+
+TEST_F(WideSearch, FixedRegionWithTenPixelMinimumAndIterationCap) {
   obj_W = obj_H = 10;
   const struct {
     Weights img;
@@ -73,10 +60,9 @@ TEST(WideSearch, FixedRegionWithTenPixelMinimumAndIterationCap) {
   };
   for (auto c : cases) {
     int sum = -1;
-    EXPECT_EQ(B(D_MeanShift_Obj(nullptr, c.img.px.data(), c.img.w, c.img.h, c.x0, c.x0, &sum, 1)), c.expected);
+    EXPECT_EQ(Edges(D_MeanShift_Obj(nullptr, c.img.px.data(), c.img.w, c.img.h, c.x0, c.x0, &sum, 1)), c.expected);
     EXPECT_EQ(sum, c.sum);
   }
-  obj_W = savedW, obj_H = savedH;
 }
 
 }  // namespace
