@@ -7,10 +7,11 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 
 build=build
+sanitize=0
 flags=(-DCMAKE_BUILD_TYPE=RelWithDebInfo)
 for a in "$@"; do
   case "$a" in
-    --sanitize) build=build-asan; flags+=(-DPLOVIX_SANITIZE=address,undefined) ;;
+    --sanitize) build=build-asan; sanitize=1; flags+=(-DPLOVIX_SANITIZE=address,undefined) ;;
     --werror) flags+=(-DPLOVIX_WERROR=ON) ;;
     -h|--help) sed -n '2,5p' "$0"; exit 0 ;;
     *) echo "test.sh: unknown option $a" >&2; exit 2 ;;
@@ -23,3 +24,8 @@ cmake --build "$build" -j"$(nproc)"
 export ASAN_OPTIONS=${ASAN_OPTIONS:-detect_leaks=1:abort_on_error=1}
 export UBSAN_OPTIONS=${UBSAN_OPTIONS:-print_stacktrace=1:halt_on_error=1}
 ctest --test-dir "$build" --output-on-failure -j"$(nproc)"
+
+# What a person sees: the replay report renders in headless Chromium with its plots and no errors.
+if [ "$sanitize" -eq 0 ]; then
+  PLOVIX_REPLAY="$build/tools/replay/plovix-replay" scripts/check_report.sh
+fi
