@@ -6,7 +6,7 @@ cd "$(dirname "$0")/.."
 out=${1:-demo-out}
 
 scripts/setup.sh
-cmake -S . -B build -DCMAKE_BUILD_TYPE=RelWithDebInfo >/dev/null
+cmake -S . -B build -DCMAKE_BUILD_TYPE=RelWithDebInfo -DPLOVIX_BUILD_TOOLS=ON >/dev/null
 cmake --build build -j"$(nproc)"
 if [ -x build/tools/replay/plovix-replay ]; then
   build/tools/replay/plovix-replay --demo --out "$out"
