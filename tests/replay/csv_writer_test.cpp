@@ -7,50 +7,33 @@ namespace plovix_replay {
 namespace {
 
 TEST(CsvWriter, EveryResultFieldLandsUnderItsOwnColumn) {
+#define FIELD(name) std::make_pair(#name, &PlovixStruct::name)
+  const std::pair<const char*, int32_t PlovixStruct::*> fields[] = {
+      FIELD(nTrackState),   FIELD(nLeft),          FIELD(nRight),        FIELD(nTop),
+      FIELD(nBottom),       FIELD(nWeight),        FIELD(nPredictState), FIELD(nPredictLeft),
+      FIELD(nPredictRight), FIELD(nPredictTop),    FIELD(nPredictBottom), FIELD(nPredictWeight),
+      FIELD(nOffsetX),      FIELD(nOffsetY),       FIELD(nVelocityX),    FIELD(nVelocityY),
+  };
+#undef FIELD
+  // A distinct value per field (negative for odd ones), so a swapped or missing column shows.
   FrameResult r;
   r.index = 42;
   r.ret = -1;
-  // A distinct value per field, so a swapped or missing column shows.
-  PlovixStruct& rec = r.record;
-  rec.nTrackState = 101;
-  rec.nLeft = 102;
-  rec.nRight = 103;
-  rec.nTop = 104;
-  rec.nBottom = 105;
-  rec.nWeight = 106;
-  rec.nPredictState = 107;
-  rec.nPredictLeft = 108;
-  rec.nPredictRight = 109;
-  rec.nPredictTop = 110;
-  rec.nPredictBottom = 111;
-  rec.nPredictWeight = 112;
-  rec.nOffsetX = -113;
-  rec.nOffsetY = 114;
-  rec.nVelocityX = -115;
-  rec.nVelocityY = 116;
-  rec.nRequestX = 999;  // host fields are not results
-  rec.nWidth = 998;
-
+  r.record.nRequestX = 999;  // host fields are not results
+  for (size_t i = 0; i < std::size(fields); ++i) {
+    r.record.*fields[i].second = static_cast<int32_t>(i % 2 ? -(101 + i) : 101 + i);
+  }
   const std::vector<std::string> names = Split(CsvHeader().substr(0, CsvHeader().size() - 1), ',');
   const std::string row = CsvRow(r);
   ASSERT_EQ(row.back(), '\n');
   const std::vector<std::string> values = Split(row.substr(0, row.size() - 1), ',');
-  ASSERT_EQ(names.size(), values.size());
-  const std::pair<const char*, int> expected[] = {
-      {"frame", 42},           {"ret", -1},
-      {"nTrackState", 101},    {"nLeft", 102},
-      {"nRight", 103},         {"nTop", 104},
-      {"nBottom", 105},        {"nWeight", 106},
-      {"nPredictState", 107},  {"nPredictLeft", 108},
-      {"nPredictRight", 109},  {"nPredictTop", 110},
-      {"nPredictBottom", 111}, {"nPredictWeight", 112},
-      {"nOffsetX", -113},      {"nOffsetY", 114},
-      {"nVelocityX", -115},    {"nVelocityY", 116},
-  };
-  ASSERT_EQ(names.size(), std::size(expected));
-  for (size_t i = 0; i < names.size(); ++i) {
-    EXPECT_EQ(names[i], expected[i].first);
-    EXPECT_EQ(values[i], std::to_string(expected[i].second)) << names[i];
+  ASSERT_EQ(names.size(), 2 + std::size(fields));
+  ASSERT_EQ(values.size(), names.size());
+  EXPECT_EQ(names[0] + "=" + values[0], "frame=42");
+  EXPECT_EQ(names[1] + "=" + values[1], "ret=-1");
+  for (size_t i = 0; i < std::size(fields); ++i) {
+    EXPECT_EQ(names[2 + i], fields[i].first);
+    EXPECT_EQ(values[2 + i], std::to_string(r.record.*fields[i].second)) << names[2 + i];
   }
 }
 

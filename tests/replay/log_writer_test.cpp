@@ -6,8 +6,6 @@ namespace plovix_replay {
 namespace {
 
 TEST(LogWriter, OneLinePerMessageWithFrameAndPriority) {
-  EXPECT_EQ(FormatLogLine(7, {4, "PlovixPlugin select object success"}),
-            "7 4 PlovixPlugin select object success\n");
   EXPECT_EQ(FormatLogLine(0, {6, "two\nlines\r"}), "0 6 two\\nlines\n");
 }
 

@@ -15,49 +15,33 @@ TEST(OutputDir, FilesAppearUnderTheirNamesOnlyOnCommit) {
   OutputDir out;
   std::string error;
   ASSERT_TRUE(out.Prepare(dir, &error)) << error;
-  std::FILE* f = out.Create("frames.csv", &error);
-  ASSERT_NE(f, nullptr) << error;
-  std::fputs("frame,ret\n", f);
+  ASSERT_NE(out.Create("frames.csv", &error), nullptr) << error;
   EXPECT_FALSE(fs::exists(dir + "/frames.csv"));
   ASSERT_TRUE(out.Commit(&error)) << error;
-  std::ifstream in(dir + "/frames.csv");
-  std::string line;
-  std::getline(in, line);
-  EXPECT_EQ(line, "frame,ret");
-  EXPECT_EQ(std::distance(fs::directory_iterator(dir), fs::directory_iterator()), 1);
+  EXPECT_TRUE(fs::exists(dir + "/frames.csv"));
 }
 
 TEST(OutputDir, AFailedRunLeavesNothingItCreated) {
   const std::string parent = replay_test::TempPath("out");
   const std::string dir = parent + "/nested";
-  {
-    OutputDir out;
-    std::string error;
-    ASSERT_TRUE(out.Prepare(dir, &error));
-    ASSERT_NE(out.Create("report.html", &error), nullptr);
-  }  // destroyed without Commit
-  EXPECT_FALSE(fs::exists(parent));
-
-  // An existing folder stays, with what it held before.
-  fs::create_directories(dir);
-  std::ofstream(dir + "/keep.txt") << "x";
-  {
-    OutputDir out;
-    std::string error;
-    ASSERT_TRUE(out.Prepare(dir, &error));
-    ASSERT_NE(out.Create("frames.csv", &error), nullptr);
-    out.Abandon();
+  for (bool existing : {false, true}) {
+    SCOPED_TRACE(existing);
+    if (existing) {
+      fs::create_directories(dir);
+      std::ofstream(dir + "/keep.txt") << "x";
+    }
+    {
+      OutputDir out;
+      std::string error;
+      ASSERT_TRUE(out.Prepare(dir, &error));
+      ASSERT_NE(out.Create("report.html", &error), nullptr);
+    }  // destroyed without Commit
+    // A folder it made goes; an existing one keeps just what it held before.
+    EXPECT_EQ(fs::exists(parent), existing);
+    if (existing) {
+      EXPECT_EQ(std::distance(fs::directory_iterator(dir), fs::directory_iterator()), 1);
+    }
   }
-  EXPECT_TRUE(fs::exists(dir + "/keep.txt"));
-  EXPECT_EQ(std::distance(fs::directory_iterator(dir), fs::directory_iterator()), 1);
-}
-
-TEST(OutputDir, RefusesAFileWhereTheFolderShouldBe) {
-  const std::string path = replay_test::WriteFile("plain", "x");
-  OutputDir out;
-  std::string error;
-  EXPECT_FALSE(out.Prepare(path, &error));
-  EXPECT_EQ(error, path + ": exists and is not a folder");
 }
 
 }  // namespace

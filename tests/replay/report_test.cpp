@@ -2,7 +2,6 @@
 
 #include <cmath>
 
-#include "base64.h"
 #include "gtest/gtest.h"
 #include "svg_plot.h"
 
@@ -15,28 +14,10 @@ int Count(const std::string& text, const std::string& what) {
   return n;
 }
 
-TEST(Report, Base64MatchesTheStandardVectors) {
-  const std::pair<const char*, const char*> cases[] = {
-      {"", ""},
-      {"f", "Zg=="},
-      {"fo", "Zm8="},
-      {"foo", "Zm9v"},
-      {"foob", "Zm9vYg=="},
-      {"fooba", "Zm9vYmE="},
-      {"foobar", "Zm9vYmFy"},
-  };
-  for (const auto& c : cases) {
-    const std::string in = c.first;
-    EXPECT_EQ(Base64Encode(std::vector<uint8_t>(in.begin(), in.end())), c.second);
-  }
-  EXPECT_EQ(Base64Encode({0xfb, 0xff}), "+/8=");
-}
-
 TEST(Report, PlotLinesBreakAtMissingValues) {
   Series s{"x", "red", {1.0, 2.0, NAN, NAN, 3.0, 4.0}, false, false};
   const std::string svg = SvgPlot({"t", "y", 6, {}}, {s});
   EXPECT_EQ(Count(svg, "<path"), 1);
-  EXPECT_EQ(Count(svg, "d=\"M"), 1);
   EXPECT_EQ(Count(svg, " M"), 1);  // the second run starts a new subpath
   EXPECT_EQ(Count(svg, "L"), 2);
   // A series with no value at all draws nothing rather than an empty path.
@@ -58,20 +39,17 @@ TEST(Report, OnePageWithPlotsAndTheEmbeddedSheet) {
   ReportInput in;
   in.title = "plovix-replay: <clip>";
   in.stats = &stats;
-  in.contactPng = {1, 2, 3};
+  in.contactPng = {1, 2, 3, 0xfb, 0xff};  // a padded tail and both high digits
   const std::string html = BuildReport(in);
   EXPECT_EQ(Count(html, "<svg"), 3);  // state, centre, velocity
   EXPECT_EQ(Count(html, "<title>plovix-replay: &lt;clip&gt;</title>"), 1);
-  EXPECT_EQ(Count(html, "src=\"data:image/png;base64,AQID\""), 1);
+  EXPECT_EQ(Count(html, "src=\"data:image/png;base64,AQID+/8=\""), 1);
   // Nothing is fetched: the only URLs are the SVG namespace names.
   EXPECT_EQ(Count(html, "http"), Count(html, "xmlns=\"http://www.w3.org/2000/svg\""));
-  EXPECT_EQ(Count(html, "centre error"), 0);
 
   const std::vector<TruthPoint> truth(3, TruthPoint{320, 240, true});
   in.truth = &truth;
-  const std::string withTruth = BuildReport(in);
-  EXPECT_EQ(Count(withTruth, "<svg"), 4);
-  EXPECT_EQ(Count(withTruth, "true x"), 1);
+  EXPECT_EQ(Count(BuildReport(in), "<svg"), 4);
 }
 
 }  // namespace
