@@ -1,11 +1,13 @@
 #include "engine/motion_predictor.h"
 
+#include <algorithm>
+
 #include "platform/arith.h"
 
 namespace {
 
 // Fewer earlier entries than this give too short a track to extrapolate from.
-constexpr size_t kMinEntriesToPredict = 4;
+constexpr int32_t kMinEntriesToPredict = 4;
 
 }  // namespace
 
@@ -14,22 +16,32 @@ void MotionPredictor::SetPredictorOptions(int horizon, int maxHistory) {
   m_nMaxHistory = maxHistory;
 }
 
-void MotionPredictor::Reset() { m_history.clear(); }
+void MotionPredictor::Reset() { m_nCount = 0; }
+
+const MotionVector& MotionPredictor::Oldest() const {
+  return m_history[(m_nNewest - m_nCount + 1 + kHistoryCapacity) % kHistoryCapacity];
+}
+
+void MotionPredictor::Push(const MotionVector& in) {
+  m_nNewest = (m_nNewest + 1) % kHistoryCapacity;
+  m_history[m_nNewest] = in;
+  m_nCount = std::min(m_nCount + 1, kHistoryCapacity);
+}
 
 int MotionPredictor::GetMotion(MotionVector* in, MotionVector* out) {
   *out = *in;
-  if (m_history.empty()) {
-    m_history.push_front(*in);
+  if (m_nCount == 0) {
+    Push(*in);
     return 0;
   }
 
-  const size_t k = m_history.size();
-  const MotionVector& oldest = m_history.back();
-  // The successive differences along the list telescope to newest minus oldest; in double
+  const int32_t k = m_nCount;
+  const MotionVector& oldest = Oldest();
+  // The successive differences along the history telescope to newest minus oldest; in double
   // precision that sum is exact.
   const double sumX = static_cast<double>(in->x) - static_cast<double>(oldest.x);
   const double sumY = static_cast<double>(in->y) - static_cast<double>(oldest.y);
-  m_history.push_front(*in);
+  Push(*in);
 
   int predicted = 0;
   if (k >= kMinEntriesToPredict) {
@@ -47,6 +59,7 @@ int MotionPredictor::GetMotion(MotionVector* in, MotionVector* out) {
   out->top = Wrap32Sub(out->y, halfH);
   out->bottom = Wrap32Add(out->y, halfH);
 
-  if (static_cast<int64_t>(m_history.size()) > m_nMaxHistory) m_history.pop_back();
+  // Once the history holds more than maxHistory entries it drops its oldest one, one per call.
+  if (k + 1 > m_nMaxHistory) m_nCount = std::min(k, kHistoryCapacity);
   return predicted;
 }

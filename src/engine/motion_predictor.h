@@ -3,7 +3,6 @@
 #pragma once
 
 #include <cstdint>
-#include <list>
 
 #include "platform/export.h"
 
@@ -18,6 +17,10 @@ struct MotionVector {
 
 class PLOVIX_EXPORT MotionPredictor {
  public:
+  // The history lives in a fixed ring of this many entries, the engine's history size; a larger
+  // maxHistory keeps this many.
+  static constexpr int kHistoryCapacity = 10;
+
   MotionPredictor() = default;
   MotionPredictor(const MotionPredictor&) = delete;
   MotionPredictor& operator=(const MotionPredictor&) = delete;
@@ -29,7 +32,13 @@ class PLOVIX_EXPORT MotionPredictor {
   int GetMotion(MotionVector* in, MotionVector* out);
 
  private:
-  std::list<MotionVector> m_history;  // newest first
+  const MotionVector& Oldest() const;
+  // Adds in as the newest entry; with a full ring it takes the oldest entry's place.
+  void Push(const MotionVector& in);
+
+  MotionVector m_history[kHistoryCapacity] = {};
+  int32_t m_nCount = 0;   // entries held
+  int32_t m_nNewest = 0;  // slot of the newest entry
   int32_t m_nHorizon = 0;
   int32_t m_nMaxHistory = 0;
 };

@@ -19,6 +19,7 @@ constexpr const char* kVersion = "v0.964_POSVNDK+NV12";
 
 constexpr int kPredictHorizon = 5;
 constexpr int kPredictHistory = 10;
+static_assert(kPredictHistory <= MotionPredictor::kHistoryCapacity, "the predictor's ring holds the history");
 constexpr float kUnknownZoomRatio = -1.0f;
 constexpr int32_t kResultWeight = 100;
 

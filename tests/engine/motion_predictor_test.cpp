@@ -36,3 +36,47 @@ TEST(MotionPredictor, KeepsTheCentreFourTimesThenLeadsByFiveAverageStepsOverTheL
   p.GetMotion(&still, &out);
   EXPECT_EQ(65, out.x);  // call 12 starts from the second: 6 / 10 * 5
 }
+
+// At positions x = n * n on call n, a prediction from k earlier entries lies 5 * (2n - k) ahead, so
+// the predicted x tells how many entries the history held.
+TEST(MotionPredictor, HistoryHoldsAtMostMaxHistoryAndAtMostTenEntries) {
+  const struct {
+    int maxHistory, calls, result, x;
+  } cases[] = {
+      {0, 5, 0, 25},      // one entry kept: never predicts
+      {3, 8, 0, 64},      // three: never predicts
+      {4, 5, 1, 55},      // 25 + 5 * (10 - 4)
+      {4, 8, 1, 124},     // 64 + 5 * (16 - 4)
+      {10, 15, 1, 325},   // 225 + 5 * (30 - 10)
+      {20, 15, 1, 325},   // a larger history is held to ten entries
+  };
+  for (const auto& c : cases) {
+    MotionPredictor p;
+    p.SetPredictorOptions(5, c.maxHistory);
+    MotionVector out;
+    int result = -1;
+    for (int n = 1; n <= c.calls; ++n) {
+      MotionVector in = BoxAt(n * n, 0);
+      result = p.GetMotion(&in, &out);
+    }
+    EXPECT_EQ(c.result, result) << "maxHistory " << c.maxHistory;
+    EXPECT_EQ(c.x, out.x) << "maxHistory " << c.maxHistory;
+  }
+}
+
+// Each call adds one entry and drops at most one, so a full history stays full.
+TEST(MotionPredictor, LoweringMaxHistoryDoesNotShortenAFullHistory) {
+  MotionPredictor p;
+  p.SetPredictorOptions(5, 10);
+  MotionVector out;
+  for (int n = 1; n <= 12; ++n) {
+    MotionVector in = BoxAt(n * n, 0);
+    p.GetMotion(&in, &out);
+  }
+  p.SetPredictorOptions(5, 4);
+  for (int n = 13; n <= 14; ++n) {
+    MotionVector in = BoxAt(n * n, 0);
+    p.GetMotion(&in, &out);
+    EXPECT_EQ(n * n + 5 * (2 * n - 10), out.x) << "call " << n;
+  }
+}
