@@ -43,35 +43,26 @@ void ForEachReadableRun(const uint8_t* image, int stride, int h, OT_RECT rect, V
   }
 }
 
-struct WeightMoments {
-  int64_t sum = 0;
-  int64_t sumX = 0;
-  int64_t sumY = 0;
-};
+// Weighted mean rounded to the nearest pixel, halves upward, in unsigned 64-bit division.
+int32_t RoundedMean(uint64_t weighted, uint64_t sum) { return static_cast<int32_t>((weighted + sum / 2) / sum); }
+
+}  // namespace
 
 WeightMoments MomentsInRect(const uint8_t* weights, int stride, int h, OT_RECT rect) {
   WeightMoments m;
   ForEachReadableRun(weights, stride, h, rect, [&](int64_t row, int64_t x0, const uint8_t* p, int64_t n) {
-    int64_t rowSum = 0;
-    int64_t rowSumX = 0;
+    uint64_t rowSum = 0;
+    uint64_t rowSumX = 0;
     for (int64_t i = 0; i < n; ++i) {
       rowSum += p[i];
-      rowSumX += (x0 + i) * p[i];
+      rowSumX += static_cast<uint64_t>(x0 + i) * p[i];
     }
     m.sum += rowSum;
     m.sumX += rowSumX;
-    m.sumY += row * rowSum;
+    m.sumY += static_cast<uint64_t>(row) * rowSum;
   });
   return m;
 }
-
-// Weighted mean rounded to the nearest pixel, halves upward, in unsigned 64-bit division.
-int32_t RoundedMean(int64_t weighted, int64_t sum) {
-  const uint64_t s = static_cast<uint64_t>(sum);
-  return static_cast<int32_t>((static_cast<uint64_t>(weighted) + s / 2) / s);
-}
-
-}  // namespace
 
 int64_t SumWeightsInRect(const uint8_t* weights, int stride, int h, OT_RECT rect) {
   int64_t sum = 0;

@@ -20,3 +20,12 @@ PLOVIX_EXPORT bool ValidRectangle_Obj(int w, int h, OT_RECT rect);
 int64_t SumWeightsInRect(const uint8_t* weights, int stride, int h, OT_RECT rect);
 // Number of pixels of rect whose weight is greater than threshold, same rule.
 int32_t CountWeightsAbove(const uint8_t* weights, int stride, int h, OT_RECT rect, int threshold);
+
+// Sum of the weights of rect and their first moments in absolute image coordinates, same rule. In
+// unsigned 64-bit arithmetic: a negative column wraps the x moment.
+struct WeightMoments {
+  uint64_t sum = 0;
+  uint64_t sumX = 0;
+  uint64_t sumY = 0;
+};
+WeightMoments MomentsInRect(const uint8_t* weights, int stride, int h, OT_RECT rect);

@@ -4,6 +4,7 @@
 #include <cstdlib>
 
 #include "model/region.h"
+#include "model/weight_column_sums.h"
 #include "platform/arith.h"
 
 namespace {
@@ -19,36 +20,14 @@ struct Centroid {
   uint64_t sum;
 };
 
-// Weighted centre of window in absolute image coordinates, 64-bit unsigned sums, rounded to the
-// nearest pixel. Pixels whose linear index y * w + x lies outside the w * h image count as 0; a
-// column past the row end reads the next row. An empty or weightless window has its own centre.
-Centroid WindowCentroid(const uint8_t* weights, int w, int h, OT_RECT win) {
-  const Centroid own{Wrap32Add(win.left, win.right) >> 1, Wrap32Add(win.top, win.bottom) >> 1, 0};
-  if (win.top >= win.bottom || win.left >= win.right || w <= 0) return own;
-  const int64_t size = int64_t{w} * h;
-  uint64_t sum = 0;
-  uint64_t sumX = 0;
-  uint64_t sumY = 0;
-  for (int64_t y = win.top; y < win.bottom; ++y) {
-    const int64_t base = y * w;
-    const int64_t x0 = std::max<int64_t>(win.left, -base);
-    const int64_t x1 = std::min<int64_t>(win.right, size - base);
-    if (x0 >= x1) continue;
-    const uint8_t* p = weights + (base + x0);
-    uint64_t rowSum = 0;
-    uint64_t rowSumX = 0;
-    for (int64_t i = 0; i < x1 - x0; ++i) {
-      rowSum += p[i];
-      rowSumX += static_cast<uint64_t>(x0 + i) * p[i];
-    }
-    sum += rowSum;
-    sumX += rowSumX;
-    sumY += static_cast<uint64_t>(y) * rowSum;
-  }
-  if (sum == 0) return own;
+// Weighted centre of window from its moments, rounded to the nearest pixel. An empty or weightless
+// window has its own centre.
+Centroid CentroidOf(const WeightMoments& m, OT_RECT win) {
+  if (m.sum == 0) return Centroid{Wrap32Add(win.left, win.right) >> 1, Wrap32Add(win.top, win.bottom) >> 1, 0};
   // Negative columns (wide search on small images) wrap the unsigned sums; the centre keeps the
   // low 32 bits of the quotient.
-  return Centroid{static_cast<int32_t>((sumX + sum / 2) / sum), static_cast<int32_t>((sumY + sum / 2) / sum), sum};
+  const uint64_t half = m.sum / 2;
+  return Centroid{static_cast<int32_t>((m.sumX + half) / m.sum), static_cast<int32_t>((m.sumY + half) / m.sum), m.sum};
 }
 
 OT_RECT ShiftRect(OT_RECT r, int32_t dx, int32_t dy) {
@@ -81,33 +60,9 @@ void ClampSearchAxis(int32_t* first, int32_t* last, int32_t lo, int32_t hi) {
   if (extent < kMinSearchExtent && *last == hi) *first = Wrap32Sub(*last, kMinSearchExtent);
 }
 
-}  // namespace
-
-OT_RECT MeanShift_Obj(CMeanShiftTracker* t, uint8_t* weights, int w, int h, int* outSum, int eps) {
-  const OT_RECT& track = t->rcTrack;
-  int32_t cx = Wrap32Add(track.left, track.right) >> 1;
-  int32_t cy = Wrap32Add(track.top, track.bottom) >> 1;
-  OT_RECT win = track;
-  if (t->nWinW != t->nObjW) win = RectAroundCentre(cx, cy, t->nWinW, t->nWinH);
-
-  Centroid c{cx, cy, 0};
-  for (int k = 0;; ++k) {
-    // Clipped in place, so a window that touched the border stays smaller from then on.
-    win = ClipToImage(win, w, h);
-    c = WindowCentroid(weights, w, h, win);
-    if (Distance(cx, c.x) < eps && Distance(cy, c.y) < eps) break;
-    if (k >= kMeanShiftMaxIterations) break;
-    win = ShiftRect(win, Wrap32Sub(c.x, cx), Wrap32Sub(c.y, cy));
-    cx = c.x;
-    cy = c.y;
-  }
-  *outSum = static_cast<int32_t>(c.sum);
-  // Shifted, not shrunk: a rectangle larger than the image keeps a negative left or top.
-  return MoveNoOutofImage_Obj(RectAroundCentre(c.x, c.y, t->nObjW, t->nObjH), w, h);
-}
-
-OT_RECT D_MeanShift_Obj(CMeanShiftTracker* /*t*/, uint8_t* weights, int w, int h, int x0, int y0, int* outSum,
-                        int eps) {
+// The wide search over a fixed region from corner (x0, y0); momentsOf(window) sums the weights.
+template <typename MomentsOf>
+OT_RECT WideSearch(int w, int h, int x0, int y0, int* outSum, int eps, MomentsOf momentsOf) {
   const int32_t qW = Wrap32Sub(w, kSearchMargin) / kSearchParts;
   const int32_t qH = Wrap32Sub(h, kSearchMargin) / kSearchParts;
   const int32_t regionRight = Wrap32Add(x0, Wrap32Mul(2, qW));
@@ -120,7 +75,7 @@ OT_RECT D_MeanShift_Obj(CMeanShiftTracker* /*t*/, uint8_t* weights, int w, int h
   for (int k = 0;; ++k) {
     ClampSearchAxis(&win.left, &win.right, x0, regionRight);
     ClampSearchAxis(&win.top, &win.bottom, y0, regionBottom);
-    c = WindowCentroid(weights, w, h, win);
+    c = CentroidOf(momentsOf(win), win);
     // Non-strict, unlike the tracking search: the two searches converge differently on purpose.
     if (Distance(cx, c.x) <= eps && Distance(cy, c.y) <= eps) break;
     if (k >= kMeanShiftMaxIterations) break;
@@ -135,4 +90,38 @@ OT_RECT D_MeanShift_Obj(CMeanShiftTracker* /*t*/, uint8_t* weights, int w, int h
   result.right = std::min(result.right, w);
   result.bottom = std::min(result.bottom, h);
   return result;
+}
+
+}  // namespace
+
+OT_RECT MeanShift_Obj(CMeanShiftTracker* t, uint8_t* weights, int w, int h, int* outSum, int eps) {
+  const OT_RECT& track = t->rcTrack;
+  int32_t cx = Wrap32Add(track.left, track.right) >> 1;
+  int32_t cy = Wrap32Add(track.top, track.bottom) >> 1;
+  OT_RECT win = track;
+  if (t->nWinW != t->nObjW) win = RectAroundCentre(cx, cy, t->nWinW, t->nWinH);
+
+  Centroid c{cx, cy, 0};
+  for (int k = 0;; ++k) {
+    // Clipped in place, so a window that touched the border stays smaller from then on.
+    win = ClipToImage(win, w, h);
+    c = CentroidOf(MomentsInRect(weights, w, h, win), win);
+    if (Distance(cx, c.x) < eps && Distance(cy, c.y) < eps) break;
+    if (k >= kMeanShiftMaxIterations) break;
+    win = ShiftRect(win, Wrap32Sub(c.x, cx), Wrap32Sub(c.y, cy));
+    cx = c.x;
+    cy = c.y;
+  }
+  *outSum = static_cast<int32_t>(c.sum);
+  // Shifted, not shrunk: a rectangle larger than the image keeps a negative left or top.
+  return MoveNoOutofImage_Obj(RectAroundCentre(c.x, c.y, t->nObjW, t->nObjH), w, h);
+}
+
+OT_RECT D_MeanShift_Obj(CMeanShiftTracker* /*t*/, uint8_t* weights, int w, int h, int x0, int y0, int* outSum,
+                        int eps) {
+  return WideSearch(w, h, x0, y0, outSum, eps, [&](OT_RECT win) { return MomentsInRect(weights, w, h, win); });
+}
+
+OT_RECT WideMeanShift(const WeightColumnSums& sums, int w, int h, int x0, int y0, int* outSum, int eps) {
+  return WideSearch(w, h, x0, y0, outSum, eps, [&](OT_RECT win) { return sums.Moments(win); });
 }

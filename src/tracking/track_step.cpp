@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdlib>
 #include <cstring>
+#include <optional>
 
 #include "engine/tuning.h"
 #include "model/back_projection.h"
@@ -10,6 +11,7 @@
 #include "model/object_size.h"
 #include "model/region.h"
 #include "model/selection.h"
+#include "model/weight_column_sums.h"
 #include "platform/arith.h"
 #include "platform/log.h"
 #include "platform/memory.h"
@@ -125,20 +127,27 @@ struct LostGrid {
   Corner Centre() const { return Corner{halfW - qW, halfH - qH}; }
 };
 
+// What a wide search from a candidate corner found.
+struct Found {
+  OT_RECT rect;
+  int sum;
+};
+
 // Mean shift from each grid corner, ranked by the templates; ties keep the earlier corner.
-void SearchGridCorners(CMeanShiftTracker* t, uint8_t* y, uint8_t* weights, int w, int h, const LostGrid& g,
-                       int* best, Corner* bestCorner, int* sum) {
+void SearchGridCorners(CMeanShiftTracker* t, uint8_t* y, const WeightColumnSums& sums, int w, int h,
+                       const LostGrid& g, int* best, std::optional<Found>* chosen) {
   if (w < kGridMinSide || h < kGridMinSide) return;
   // At a side of exactly 42 the grid step is 0; advancing by at least 1 keeps the loop finite.
   const int stepX = std::max(g.qW, 1);
   const int stepY = std::max(g.qH, 1);
   for (int y0 = kGridInset; y0 < g.halfH; y0 += stepY) {
     for (int x0 = kGridInset; x0 < g.halfW; x0 += stepX) {
-      const OT_RECT rect = D_MeanShift_Obj(t, weights, w, h, x0, y0, sum, kMeanShiftEps);
+      int sum = 0;
+      const OT_RECT rect = WideMeanShift(sums, w, h, x0, y0, &sum, kMeanShiftEps);
       const int s = ScoreCandidate(y, rect, w, h).Best();
       if (s > *best) {
         *best = s;
-        *bestCorner = Corner{x0, y0};
+        *chosen = Found{rect, sum};
         t->rcTrack = rect;
       }
     }
@@ -150,20 +159,30 @@ void SearchGridCorners(CMeanShiftTracker* t, uint8_t* y, uint8_t* weights, int w
 int SearchByTemplates(CMeanShiftTracker* t, uint8_t* y, uint8_t* weights, int w, int h) {
   const LostGrid grid(w, h);
   int best = kNoScore;
-  Corner corner{0, 0};
-  int sum = 0;
-  SearchGridCorners(t, y, weights, w, h, grid, &best, &corner, &sum);
+  std::optional<Found> chosen;
+  // The searches sum large, overlapping windows of the one weight image.
+  const WeightColumnSums sums(weights, w, h);
+  SearchGridCorners(t, y, sums, w, h, grid, &best, &chosen);
 
   // The centre candidate always runs; it only has to beat the grid, best is not raised.
   const Corner centre = grid.Centre();
-  const OT_RECT centre_rect = D_MeanShift_Obj(t, weights, w, h, centre.x, centre.y, &sum, kMeanShiftEps);
+  int centre_sum = 0;
+  const OT_RECT centre_rect = WideMeanShift(sums, w, h, centre.x, centre.y, &centre_sum, kMeanShiftEps);
   const CandidateScore centre_score = ScoreCandidate(y, centre_rect, w, h);
   if (centre_score.Best() > best) {
-    corner = centre;
+    chosen = Found{centre_rect, centre_sum};
     t->rcTrack = centre_rect;
   }
 
-  t->rcTrack = D_MeanShift_Obj(t, weights, w, h, corner.x, corner.y, &sum, kMeanShiftEps);
+  // The final search would start where the chosen candidate's did and find the same; without a
+  // chosen candidate it starts at (0, 0).
+  int sum = 0;
+  if (chosen.has_value()) {
+    t->rcTrack = chosen->rect;
+    sum = chosen->sum;
+  } else {
+    t->rcTrack = WideMeanShift(sums, w, h, 0, 0, &sum, kMeanShiftEps);
+  }
   t->nDensity = DensityIn(weights, w, h, t->rcTrack);
 
   // With a good current-template score, s2 is not measured at the final rectangle but taken over
