@@ -51,13 +51,16 @@ bool InPlane(const SeedFill& f, int64_t i) { return i >= 0 && i < static_cast<in
 int64_t Index(const SeedFill& f, int x, int y) { return static_cast<int64_t>(f.width) * y + x; }
 
 // The left run and everything right of it for one popped segment: the scan-line fill's inner loop.
-void FillSegment(SeedFill* f, SegmentStack* stack, const Segment& s, Pixel pivot) {
+// region.Row(y) gives the row's colour test, Accepts(x), and its write, Mark(x).
+template <typename Region>
+void FillSegment(Region& region, int width, SegmentStack* stack, const Segment& s) {
   const int dir = s.dir;
   const int y = s.row + dir;
   const int x1 = s.xl;
   const int x2 = s.xr;
+  auto row = region.Row(y);
   int x = x1;
-  for (; x >= 0 && f->compare(x, y, pivot); --x) f->pixelwrite(x, y);
+  for (; x >= 0 && row.Accepts(x); --x) row.Mark(x);
   int left = x + 1;
   bool inRun = x < x1;
   if (inRun) {
@@ -67,17 +70,63 @@ void FillSegment(SeedFill* f, SegmentStack* stack, const Segment& s, Pixel pivot
   // Nothing written at x1: start by skipping, as if a right run had just ended there.
   for (;;) {
     if (inRun) {
-      for (; x < f->width && f->compare(x, y, pivot); ++x) f->pixelwrite(x, y);
+      for (; x < width && row.Accepts(x); ++x) row.Mark(x);
       stack->Push(y, left, x - 1, dir);
       if (x > x2 + 1) stack->Push(y, x2 + 1, x - 1, -dir);
     }
-    for (++x; x <= x2 && !f->compare(x, y, pivot); ++x) {
+    for (++x; x <= x2 && !row.Accepts(x); ++x) {
     }
     left = x;
     if (x > x2) return;
     inRun = true;
   }
 }
+
+template <typename Region>
+void ScanLineFill(Region& region, int width, int height, int x, int y) {
+  SegmentStack stack(height);
+  stack.Push(y, x, x, 1);
+  stack.Push(y + 1, x, x, -1);
+  while (!stack.Empty()) FillSegment(region, width, &stack, stack.Pop());
+}
+
+// The seed fill's own colour test and write, pixel by pixel through the packed colour.
+struct ColourRegion {
+  struct RowView {
+    SeedFill* fill;
+    Pixel pivot;
+    int y;
+    bool Accepts(int x) { return fill->compare(x, y, pivot); }
+    void Mark(int x) { fill->pixelwrite(x, y); }
+  };
+  RowView Row(int y) { return RowView{fill, pivot, y}; }
+  SeedFill* fill;
+  Pixel pivot;
+};
+
+// Hole filling's region: pixels within threshold of the seed's mask value (its chroma is zero
+// everywhere, so only the mask value counts). The output starts at 255 and reached pixels become
+// 0, so the filled plane comes out already complemented. Only for planes the 16-bit segment stack
+// can address, where every coordinate the fill visits lies inside.
+struct MaskRegion {
+  struct RowView {
+    const uint8_t* mask;
+    uint8_t* out;
+    int pivot;
+    int threshold;
+    bool Accepts(int x) const { return out[x] != 0 && std::abs(mask[x] - pivot) <= threshold; }
+    void Mark(int x) { out[x] = 0; }
+  };
+  RowView Row(int y) const {
+    const size_t start = static_cast<size_t>(y) * width;
+    return RowView{mask + start, out + start, pivot, threshold};
+  }
+  const uint8_t* mask;
+  uint8_t* out;
+  int width;
+  int pivot;
+  int threshold;
+};
 
 size_t RowPad(int width) { return static_cast<size_t>(width > 0 ? width : 0); }
 
@@ -92,6 +141,49 @@ uint8_t* AllocCopy(const uint8_t* src, int32_t bytes, int width) {
 bool ShouldFillHoles(int l, int t, int r, int b, int width, int height) {
   if (l == 0 || t == 0 || r == width - 1 || b == height - 1) return false;
   return !(l <= 0 && t <= 0 && r >= width - 1 && b >= height - 1);
+}
+
+bool FitsSegmentStack(int width, int height) {
+  return width >= 1 && height >= 1 && width <= INT16_MAX && height <= INT16_MAX;
+}
+
+// Background reached from the corner becomes 0; the object, its holes and any background cut off
+// from the corner become 255. The mask is read in place and the output is written complemented,
+// which gives what filling a copy and complementing the filled plane gives.
+uint8_t* FillFromCorner(const uint8_t* mask, int width, int height, bool fromTopLeft) {
+  const size_t n = static_cast<size_t>(width) * height;
+  uint8_t* output = AllocZeroedImage(n, RowPad(width));
+  if (output == nullptr) return nullptr;
+  std::memset(output, kFilled, n);
+  const int x = fromTopLeft ? 0 : width - 1;
+  const int y = fromTopLeft ? 0 : height - 1;
+  MaskRegion region{mask, output, width, mask[static_cast<size_t>(y) * width + x], kHoleFillThreshold};
+  ScanLineFill(region, width, height, x, y);
+  return output;
+}
+
+// The same through the seed fill itself, for planes too large for its 16-bit segment stack.
+uint8_t* FillFromCornerColourwise(const uint8_t* mask, int width, int height, bool fromTopLeft) {
+  const int32_t n = Wrap32Mul(width, height);
+  uint8_t* copy = AllocCopy(mask, n, width);
+  uint8_t* chroma = AllocZeroedImage(static_cast<size_t>(n / 2), RowPad(width));
+  uint8_t* output = AllocZeroedImage(static_cast<size_t>(n), RowPad(width));
+  if (copy != nullptr && chroma != nullptr && output != nullptr) {
+    SeedFill seed{width, height, copy, chroma, output, kHoleFillThreshold};
+    if (fromTopLeft) {
+      seed.doFill(0, 0);
+    } else {
+      seed.doFill(width - 1, height - 1);
+    }
+    tag_CDibY view{output, width, height, width};
+    CDibY_Inverse(&view);
+  } else {
+    std::free(output);
+    output = nullptr;
+  }
+  std::free(copy);
+  std::free(chroma);
+  return output;
 }
 
 }  // namespace
@@ -122,45 +214,21 @@ bool SeedFill::compare(int x, int y, Pixel p) {
 
 void SeedFill::doFill(int x, int y) {
   if (x < 0 || x >= width || y < 0 || y >= height) return;
-  const Pixel pivot = pixelread(x, y);
-  SegmentStack stack(height);
-  stack.Push(y, x, x, 1);
-  stack.Push(y + 1, x, x, -1);
-  while (!stack.Empty()) FillSegment(this, &stack, stack.Pop(), pivot);
+  ColourRegion region{this, pixelread(x, y)};
+  ScanLineFill(region, width, height, x, y);
 }
 
 uint8_t* Segment_FillHoles(uint8_t* mask, int width, int height, int /*a*/, int /*b*/, int /*c*/, int* l, int* t,
                            int* r, int* bottom) {
   const int left = *l;
   const int top = *t;
-  const int right = *r;
-  const int bot = *bottom;
   const int32_t n = Wrap32Mul(width, height);
   if (mask == nullptr || n < 0) return mask;
-
-  uint8_t* copy = AllocCopy(mask, n, width);
-  uint8_t* chroma = AllocZeroedImage(static_cast<size_t>(n / 2), RowPad(width));
-  uint8_t* output = AllocZeroedImage(static_cast<size_t>(n), RowPad(width));
-  const bool fill = ShouldFillHoles(left, top, right, bot, width, height);
-  if (copy == nullptr || chroma == nullptr || output == nullptr || !fill) {
-    std::free(output);
-    std::free(copy);
-    std::free(chroma);
-    return mask;
-  }
-
-  SeedFill seed{width, height, copy, chroma, output, kHoleFillThreshold};
-  if (left > 0 || top > 0) {
-    seed.doFill(0, 0);
-  } else {
-    seed.doFill(width - 1, height - 1);
-  }
-  // Background reached from the corner becomes 0; the object, its holes and any background cut
-  // off from the corner become 255.
-  tag_CDibY view{output, width, height, width};
-  CDibY_Inverse(&view);
+  if (!ShouldFillHoles(left, top, *r, *bottom, width, height)) return mask;
+  const bool fromTopLeft = left > 0 || top > 0;
+  uint8_t* output = FitsSegmentStack(width, height) ? FillFromCorner(mask, width, height, fromTopLeft)
+                                                    : FillFromCornerColourwise(mask, width, height, fromTopLeft);
+  if (output == nullptr) return mask;
   std::free(mask);
-  std::free(copy);
-  std::free(chroma);
   return output;
 }

@@ -62,4 +62,32 @@ TEST(FillHoles, FillsOnlyWhenTheRectangleAvoidsTheLeftTopAndLastIndex) {
   }
 }
 
+// Hole filling reads the mask in place and writes its output complemented; it must give what the
+// seed fill over a copy of the mask gives, complemented. The 640x480 mask overflows the segment
+// stack, so pushes are dropped and part of its background stays unreached.
+TEST(FillHoles, GivesTheComplementOfTheSeedFillOverTheMask) {
+  for (auto [w, h, objectShare] : {std::tuple{37, 23, 20}, {64, 48, 25}, {400, 300, 15}, {640, 480, 20}}) {
+    std::vector<uint8_t> copy(static_cast<size_t>(w) * h);
+    uint32_t s = 777;
+    for (auto& v : copy) {
+      s = s * 1664525u + 1013904223u;
+      const bool object = ((s >> 24) % 100) < static_cast<uint32_t>(objectShare);
+      v = object ? 255 : ((s >> 16) & 1);  // background is 0 or 1
+    }
+    copy[0] = 0;
+    std::vector<uint8_t> chroma(copy.size(), 0), filled(copy.size(), 0);
+    SeedFill reference{w, h, copy.data(), chroma.data(), filled.data(), 1};
+    reference.doFill(0, 0);
+    for (auto& v : filled) v ^= 0xFF;
+
+    uint8_t* mask = AllocZeroedImage(copy.size(), w);
+    std::copy(copy.begin(), copy.end(), mask);
+    int l = 1, t = 1, r = w, b = h;
+    uint8_t* out = Segment_FillHoles(mask, w, h, 0, 0, 0, &l, &t, &r, &b);
+    ASSERT_NE(out, mask);
+    EXPECT_TRUE(std::equal(filled.begin(), filled.end(), out)) << w << "x" << h;
+    std::free(out);
+  }
+}
+
 }  // namespace
