@@ -4,6 +4,7 @@
 #include <cstdlib>
 
 #include "engine/coordinates.h"
+#include "engine/frame_intake.h"
 #include "engine/rect_adjust.h"
 #include "engine/working_image.h"
 #include "model/selection.h"
@@ -114,9 +115,11 @@ PendingCorrection NoteSizeChange(PlovixEngine& e, const PlovixStruct& rec) {
   return correction;
 }
 
-void RefreshWorkingImage(PlovixEngine& e, const PlovixStruct& rec) {
+// The frame is taken into the working image as the steps that read it ask for it: all of it for a
+// selection or a search, the object's neighbourhood while tracking, nothing while not tracking.
+FrameIntake RefreshWorkingImage(PlovixEngine& e, const PlovixStruct& rec) {
   if (e.m_pWorkBuf == nullptr) CreateWorkingImage(&e, rec.nWidth, rec.nHeight, rec.nFormat);
-  DecimateFrame(rec.pY, rec.pUV, rec.nWidth, e.m_pWorkBuf, e.m_nWorkWidth, e.m_nWorkHeight);
+  return FrameIntake(rec.pY, rec.pUV, rec.nWidth, e.m_pWorkBuf, e.m_nWorkWidth, e.m_nWorkHeight);
 }
 
 // The product is 32-bit (wrapping for absurd requests); the divisions are single precision.
@@ -125,7 +128,7 @@ int32_t RequestToWorkingPixel(int32_t request, int32_t size, int32_t rate) {
   return TruncToInt(static_cast<float>(scaled) / kRequestSpan / static_cast<float>(rate));
 }
 
-void HandleTouchRequest(PlovixEngine& e, PlovixStruct* rec) {
+void HandleTouchRequest(PlovixEngine& e, PlovixStruct* rec, FrameIntake* intake) {
   rec->bTrackRequest = 0;
   e.m_nReqX = RequestToWorkingPixel(rec->nRequestX, rec->nWidth, e.m_nResizeRate);
   e.m_nReqY = RequestToWorkingPixel(rec->nRequestY, rec->nHeight, e.m_nResizeRate);
@@ -134,6 +137,7 @@ void HandleTouchRequest(PlovixEngine& e, PlovixStruct* rec) {
   // Without a working buffer there is nothing to select from.
   int selected = 0;
   if (e.m_pWorkBuf != nullptr) {
+    intake->TakeAll();
     selected = OTK_ObjTrackBgnSegment(e.m_pWorkBuf, WorkingChroma(e), e.m_nWorkWidth, e.m_nWorkHeight,
                                       e.m_nWorkWidth, e.m_nReqX, e.m_nReqY);
   }
@@ -167,14 +171,14 @@ void ApplyZoomCorrection(PlovixEngine& e, float zoom) {
 }
 
 // Returns the driver's result; a missing working buffer ends tracking instead of being read.
-int RunTrackingStep(PlovixEngine& e, int* state) {
+int RunTrackingStep(PlovixEngine& e, FrameIntake* intake, int* state) {
   if (e.m_pWorkBuf == nullptr) return 0;
   int moveEvent = 0;
   int sizeEvent = 0;
   int moveX = 0;
   int moveY = 0;
-  return OTK_ObjTracking(e.m_pWorkBuf, WorkingChroma(e), e.m_nWorkWidth, e.m_nWorkHeight, e.m_nWorkWidth,
-                         &e.m_trackRect, &moveEvent, &sizeEvent, &moveX, &moveY, state);
+  return TrackFrame(intake, e.m_pWorkBuf, WorkingChroma(e), e.m_nWorkWidth, e.m_nWorkHeight, e.m_nWorkWidth,
+                    &e.m_trackRect, &moveEvent, &sizeEvent, &moveX, &moveY, state);
 }
 
 // The weights are left as they were.
@@ -346,9 +350,9 @@ int PlovixEngine::Process(PlovixStruct* rec) {
   }
   WarnAboutStride(*rec);
   PendingCorrection correction = NoteSizeChange(*this, *rec);
-  RefreshWorkingImage(*this, *rec);
+  FrameIntake intake = RefreshWorkingImage(*this, *rec);
   if (rec->bTrackRequest != 0) {
-    HandleTouchRequest(*this, rec);
+    HandleTouchRequest(*this, rec, &intake);
     correction.due = false;
   }
   if (!m_bTracking) {
@@ -360,7 +364,7 @@ int PlovixEngine::Process(PlovixStruct* rec) {
   ApplyZoomCorrection(*this, rec->fZoomRatio);
 
   int state = 0;
-  if (RunTrackingStep(*this, &state) < 1) {
+  if (RunTrackingStep(*this, &intake, &state) < 1) {
     EndTracking(*this, rec);
     return 0;
   }

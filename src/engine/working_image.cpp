@@ -80,27 +80,36 @@ void CreateWorkingImage(PlovixEngine* engine, int width, int height, int format)
   engine->m_pWorkBuf = AllocWorkingBuffer(w, h);
 }
 
-void DecimateFrame(const uint8_t* srcY, const uint8_t* srcUV, int srcW, uint8_t* dst, int dstW, int dstH) {
-  if (dst == nullptr || dstW < 1 || dstH < 1) return;
+void DecimateLuma(const uint8_t* srcY, int srcW, uint8_t* dst, int dstW, OT_RECT rect) {
   const int64_t step = srcW / dstW;
   const int64_t rowStep = step * srcW;
-  for (int64_t r = 0; r < dstH; ++r) {
+  for (int64_t r = rect.top; r < rect.bottom; ++r) {
     const uint8_t* src = srcY + r * rowStep;
     uint8_t* out = dst + r * dstW;
-    for (int64_t c = 0; c < dstW; ++c) out[c] = src[c * step];
+    for (int64_t c = rect.left; c < rect.right; ++c) out[c] = src[c * step];
   }
+}
 
-  if (dstH < 2 || dstW < 2) return;
-  const int64_t pairs = dstW / 2;
+void DecimateChroma(const uint8_t* srcUV, int srcW, uint8_t* dst, int dstW, int dstH, OT_RECT pairs) {
+  const int64_t step = srcW / dstW;
+  const int64_t rowStep = step * srcW;
+  const int64_t rowBytes = 2 * (dstW / 2);
   uint8_t* chroma = dst + static_cast<int64_t>(dstW) * dstH;
-  for (int64_t r = 0; r < dstH / 2; ++r) {
+  for (int64_t r = pairs.top; r < pairs.bottom; ++r) {
     const uint8_t* src = srcUV + r * rowStep;
-    uint8_t* out = chroma + r * 2 * pairs;
-    for (int64_t k = 0; k < pairs; ++k) {
+    uint8_t* out = chroma + r * rowBytes;
+    for (int64_t k = pairs.left; k < pairs.right; ++k) {
       out[2 * k] = src[2 * k * step];
       out[2 * k + 1] = src[2 * k * step + 1];
     }
   }
+}
+
+void DecimateFrame(const uint8_t* srcY, const uint8_t* srcUV, int srcW, uint8_t* dst, int dstW, int dstH) {
+  if (dst == nullptr || dstW < 1 || dstH < 1) return;
+  DecimateLuma(srcY, srcW, dst, dstW, OT_RECT{0, 0, dstW, dstH});
+  if (dstH < 2 || dstW < 2) return;
+  DecimateChroma(srcUV, srcW, dst, dstW, dstH, OT_RECT{0, 0, dstW / 2, dstH / 2});
 }
 
 void resizeNV21(const uint8_t* src, int srcW, int srcH, uint8_t* dst, int dstW, int dstH) {

@@ -5,6 +5,7 @@
 
 #include <cstdint>
 
+#include "image/ot_types.h"
 #include "platform/export.h"
 
 class PlovixEngine;
@@ -18,6 +19,12 @@ void CreateWorkingImage(PlovixEngine* engine, int width, int height, int format)
 // chroma planes, rows srcW bytes apart, into a dstW x dstH working image. Chroma pairs keep their
 // byte order.
 void DecimateFrame(const uint8_t* srcY, const uint8_t* srcUV, int srcW, uint8_t* dst, int dstW, int dstH);
+// The same for part of the image: the luma of rows [top, bottom) and columns [left, right) of rect,
+// which lies inside the working image.
+void DecimateLuma(const uint8_t* srcY, int srcW, uint8_t* dst, int dstW, OT_RECT rect);
+// The chroma of pairs [left, right) of chroma rows [top, bottom) of pairs, counted as the working
+// image packs them (rows 2 x (dstW / 2) bytes apart); pairs lies inside the packed chroma.
+void DecimateChroma(const uint8_t* srcUV, int srcW, uint8_t* dst, int dstW, int dstH, OT_RECT pairs);
 
 // The same decimation for one contiguous buffer whose chroma plane follows srcW x srcH luma bytes.
 PLOVIX_EXPORT void resizeNV21(const uint8_t* src, int srcW, int srcH, uint8_t* dst, int dstW, int dstH);

@@ -27,11 +27,16 @@ void ClassifyMotion(const OT_RECT& rect, int* moveEvent, int* sizeEvent, int* mo
 
 int OTK_ObjTracking(uint8_t* y, uint8_t* cbcr, int width, int height, int lineStep, OT_RECT* rect, int* moveEvent,
                     int* sizeEvent, int* moveX, int* moveY, int* state) {
+  return TrackFrame(nullptr, y, cbcr, width, height, lineStep, rect, moveEvent, sizeEvent, moveX, moveY, state);
+}
+
+int TrackFrame(FrameIntake* intake, uint8_t* y, uint8_t* cbcr, int width, int height, int lineStep, OT_RECT* rect,
+               int* moveEvent, int* sizeEvent, int* moveX, int* moveY, int* state) {
   if (m_nOT < 1) {
     m_nOT = 0;
     return 0;
   }
-  Track_YCC420BUNCH_Obj(&gMst, y, cbcr, width, height, lineStep);
+  TrackStep(&gMst, intake, y, cbcr, width, height, lineStep);
   if (m_nOT != 1) return 0;
 
   *rect = gMst.rcObject;

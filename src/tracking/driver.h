@@ -13,3 +13,9 @@ constexpr int kMaxLostFrames = 100;
 // has been lost too long. state may be null.
 PLOVIX_EXPORT int OTK_ObjTracking(uint8_t* y, uint8_t* cbcr, int width, int height, int lineStep, OT_RECT* rect,
                                   int* moveEvent, int* sizeEvent, int* moveX, int* moveY, int* state);
+
+class FrameIntake;
+
+// The same over a working image that intake is still taking in (see TrackStep).
+int TrackFrame(FrameIntake* intake, uint8_t* y, uint8_t* cbcr, int width, int height, int lineStep, OT_RECT* rect,
+               int* moveEvent, int* sizeEvent, int* moveX, int* moveY, int* state);

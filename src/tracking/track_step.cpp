@@ -5,6 +5,7 @@
 #include <cstring>
 #include <optional>
 
+#include "engine/frame_intake.h"
 #include "engine/tuning.h"
 #include "model/back_projection.h"
 #include "model/model_state.h"
@@ -69,10 +70,14 @@ uint8_t* AllocTemplate(int width, int height) {
   return static_cast<uint8_t*>(std::calloc(bytes, 1));
 }
 
-void ProjectWeights(const CMeanShiftTracker* t, const uint8_t* y, const uint8_t* cbcr, int w, int h, int lineStep,
-                    uint8_t* weights) {
+// Also takes in what the state reads of the working image: while lost, the searches correlate
+// anywhere, so all of it; while tracking, what the projection reads (the template check takes in
+// its own part later).
+void ProjectWeights(const CMeanShiftTracker* t, FrameIntake* intake, const uint8_t* y, const uint8_t* cbcr, int w,
+                    int h, int lineStep, uint8_t* weights) {
   int left = 0, top = 0, right = 0, bottom = 0;
   if (t->nState == kStateLost) {
+    if (intake != nullptr) intake->TakeAll();
     right = w & ~1;
     bottom = h & ~1;
     if (right < 1 || bottom < 1) return;
@@ -85,6 +90,7 @@ void ProjectWeights(const CMeanShiftTracker* t, const uint8_t* y, const uint8_t*
     right = std::min(Wrap32Add(r.right, grow_w), w) & ~1;
     bottom = std::min(Wrap32Add(r.bottom, grow_h), h) & ~1;
     if (top >= bottom || left >= right) return;
+    if (intake != nullptr) intake->TakeBlocks(OT_RECT{left, top, right, bottom});
   } else {
     return;
   }
@@ -239,22 +245,31 @@ void RefreshTemplate(const CMeanShiftTracker* t, const uint8_t* y, int w, int h)
   if (pObj_window != nullptr) CropTemplate(y, w, h, r, pObj_window);
 }
 
-void CheckTemplate(const CMeanShiftTracker* t, uint8_t* y, int w, int h) {
+// The correlation's patch and the template crop lie inside rcTrack when rcTrack lies inside the
+// image; otherwise they may read anywhere.
+void TakeInTemplateArea(FrameIntake* intake, const OT_RECT& r, int w, int h) {
+  if (intake == nullptr) return;
+  const bool inside = r.left >= 0 && r.top >= 0 && r.right <= w && r.bottom <= h;
+  intake->TakeLuma(inside ? r : OT_RECT{0, 0, w, h});
+}
+
+void CheckTemplate(const CMeanShiftTracker* t, FrameIntake* intake, uint8_t* y, int w, int h) {
   if (NCC_cnt != 0) {
     NCC_cnt = NCC_cnt >= kNccLastPhase ? 0 : NCC_cnt + 1;
     return;
   }
+  TakeInTemplateArea(intake, t->rcTrack, w, h);
   const int s = matching_ncc(y, t->rcTrack, w, h, pObj_window, obj_W, obj_H);
   score_normcrosscorr = s;
   if (s >= kTemplateRefreshScore) RefreshTemplate(t, y, w, h);
   NCC_cnt = 1;
 }
 
-int StepTracking(CMeanShiftTracker* t, uint8_t* y, uint8_t* weights, int w, int h) {
+int StepTracking(CMeanShiftTracker* t, FrameIntake* intake, uint8_t* y, uint8_t* weights, int w, int h) {
   int sum = 0;
   t->rcTrack = MeanShift_Obj(t, weights, w, h, &sum, kMeanShiftEps);
   GetObjectSize_Obj(t, weights, w, h);
-  CheckTemplate(t, y, w, h);
+  CheckTemplate(t, intake, y, w, h);
   Valid_flg = false;
   return sum;
 }
@@ -303,6 +318,10 @@ void KeepRectanglesInside(CMeanShiftTracker* t, int w, int h) {
 }  // namespace
 
 int Track_YCC420BUNCH_Obj(CMeanShiftTracker* t, uint8_t* y, uint8_t* cbcr, int w, int h, int lineStep) {
+  return TrackStep(t, nullptr, y, cbcr, w, h, lineStep);
+}
+
+int TrackStep(CMeanShiftTracker* t, FrameIntake* intake, uint8_t* y, uint8_t* cbcr, int w, int h, int lineStep) {
   if (m_nOT < 1) return 0;
   const int64_t pixels = std::max<int64_t>(0, static_cast<int64_t>(w) * h);
   uint8_t* weights = AllocZeroedImage(static_cast<size_t>(pixels), static_cast<size_t>(std::max(w, 0)));
@@ -310,13 +329,13 @@ int Track_YCC420BUNCH_Obj(CMeanShiftTracker* t, uint8_t* y, uint8_t* cbcr, int w
     PLOVIX_LOGE("BP mem allocation is failed");
     return 0;
   }
-  ProjectWeights(t, y, cbcr, w, h, lineStep, weights);
+  ProjectWeights(t, intake, y, cbcr, w, h, lineStep, weights);
 
   int sum = 0;
   if (t->nState == kStateLost) {
     sum = StepLost(t, y, weights, w, h);
   } else if (t->nState == kStateTracking) {
-    sum = StepTracking(t, y, weights, w, h);
+    sum = StepTracking(t, intake, y, weights, w, h);
   }
   MeasureFillRate(t, weights, w, h);
   ApplyScoreBonus(t);
