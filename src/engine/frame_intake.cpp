@@ -3,36 +3,7 @@
 #include <algorithm>
 
 #include "engine/working_image.h"
-
-namespace {
-
-bool IsEmpty(const OT_RECT& r) { return r.left >= r.right || r.top >= r.bottom; }
-
-bool Contains(const OT_RECT& outer, const OT_RECT& inner) {
-  return outer.left <= inner.left && outer.top <= inner.top && inner.right <= outer.right &&
-         inner.bottom <= outer.bottom;
-}
-
-// Grows *have to the bounding rectangle of *have and want, handing every newly covered part to take.
-template <typename Take>
-void Grow(OT_RECT* have, const OT_RECT& want, Take take) {
-  if (IsEmpty(want) || Contains(*have, want)) return;
-  if (IsEmpty(*have)) {
-    take(want);
-    *have = want;
-    return;
-  }
-  const OT_RECT h = *have;
-  const OT_RECT u{std::min(h.left, want.left), std::min(h.top, want.top), std::max(h.right, want.right),
-                  std::max(h.bottom, want.bottom)};
-  if (u.top < h.top) take(OT_RECT{u.left, u.top, u.right, h.top});
-  if (h.bottom < u.bottom) take(OT_RECT{u.left, h.bottom, u.right, u.bottom});
-  if (u.left < h.left) take(OT_RECT{u.left, h.top, h.left, h.bottom});
-  if (h.right < u.right) take(OT_RECT{h.right, h.top, u.right, h.bottom});
-  *have = u;
-}
-
-}  // namespace
+#include "image/covered_rect.h"
 
 FrameIntake::FrameIntake(const uint8_t* srcY, const uint8_t* srcUV, int srcW, uint8_t* work, int w, int h)
     : srcY_(srcY), srcUV_(srcUV), srcW_(srcW), work_(work), w_(w), h_(h) {}
@@ -48,7 +19,7 @@ void FrameIntake::TakeLuma(OT_RECT rect) {
 }
 
 void FrameIntake::TakeBlocks(OT_RECT rect) {
-  if (IsEmpty(rect)) return;
+  if (IsEmptyRect(rect)) return;
   TakeLuma(rect);
   // Chroma row r / 2 is read at offset (r / 2) x w; the packed rows are 2 x (w / 2) bytes long, so
   // for an odd width the reads drift one byte per row against the packing and may straddle rows.
@@ -73,10 +44,10 @@ void FrameIntake::TakeBlocks(OT_RECT rect) {
 
 void FrameIntake::GrowLuma(OT_RECT want) {
   if (work_ == nullptr || w_ < 1 || h_ < 1) return;
-  Grow(&luma_, want, [&](const OT_RECT& part) { DecimateLuma(srcY_, srcW_, work_, w_, part); });
+  GrowCovered(&luma_, want, [&](const OT_RECT& part) { DecimateLuma(srcY_, srcW_, work_, w_, part); });
 }
 
 void FrameIntake::GrowChroma(OT_RECT pairs) {
   if (work_ == nullptr || w_ < 2 || h_ < 2) return;
-  Grow(&chroma_, pairs, [&](const OT_RECT& part) { DecimateChroma(srcUV_, srcW_, work_, w_, h_, part); });
+  GrowCovered(&chroma_, pairs, [&](const OT_RECT& part) { DecimateChroma(srcUV_, srcW_, work_, w_, h_, part); });
 }

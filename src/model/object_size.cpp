@@ -5,6 +5,7 @@
 
 #include "model/model_state.h"
 #include "model/region.h"
+#include "model/weight_image.h"
 #include "platform/arith.h"
 
 namespace {
@@ -31,13 +32,20 @@ int64_t Distance(int32_t a, int32_t b) { return std::llabs(int64_t{a} - b); }
 
 bool IsEmpty(const OT_RECT& r) { return r.top >= r.bottom || r.left >= r.right; }
 
-void MeasureDensity(CMeanShiftTracker* t, const uint8_t* weights, int w, int h) {
-  const int32_t sum = static_cast<int32_t>(SumWeightsInRect(weights, w, h, t->rcTrack));
+int64_t SumIn(const WeightImage& weights, const OT_RECT& r) {
+  weights.Require(r);
+  return SumWeightsInRect(weights.px, weights.w, weights.h, r);
+}
+
+void MeasureDensity(CMeanShiftTracker* t, const WeightImage& weights) {
+  const int32_t sum = static_cast<int32_t>(SumIn(weights, t->rcTrack));
   t->nDensity = Wrap32Div(sum, Area(t->rcTrack));
 }
 
 // Mean weight of the ring of half the rectangle's size around it, clipped to the image.
-int32_t RingMean(const uint8_t* weights, int w, int h, const OT_RECT& r) {
+int32_t RingMean(const WeightImage& weights, const OT_RECT& r) {
+  const int w = weights.w;
+  const int h = weights.h;
   const int32_t hw = Width(r) >> 1;
   const int32_t hh = Height(r) >> 1;
   const OT_RECT outer{std::max(Wrap32Sub(r.left, hw), 0), std::max(Wrap32Sub(r.top, hh), 0),
@@ -52,16 +60,16 @@ int32_t RingMean(const uint8_t* weights, int w, int h, const OT_RECT& r) {
   int32_t area = 0;
   for (const OT_RECT& band : bands) {
     if (IsEmpty(band)) continue;
-    sum = Wrap32Add(sum, static_cast<int32_t>(SumWeightsInRect(weights, w, h, band)));
+    sum = Wrap32Add(sum, static_cast<int32_t>(SumIn(weights, band)));
     area = Wrap32Add(area, Area(band));
   }
   return Wrap32Div(sum, area);
 }
 
 // Fixed once per selection, halfway between the object's and its surroundings' mean weight.
-int32_t WeightThreshold(CMeanShiftTracker* t, const uint8_t* weights, int w, int h) {
+int32_t WeightThreshold(CMeanShiftTracker* t, const WeightImage& weights) {
   if (t->nInitDensity != 0) return t->nWeightThr;
-  const int32_t threshold = Wrap32Add(RingMean(weights, w, h, t->rcTrack), t->nDensity) / 2;
+  const int32_t threshold = Wrap32Add(RingMean(weights, t->rcTrack), t->nDensity) / 2;
   t->nInitDensity = t->nDensity;
   t->nWeightThr = threshold;
   return threshold;
@@ -81,10 +89,13 @@ struct Candidate {
 };
 
 // An invalid candidate counts -1 pixels over its clipped area; the band rates use both as they are.
-Candidate Evaluate(const uint8_t* weights, int w, int h, OT_RECT r, int threshold) {
+Candidate Evaluate(const WeightImage& weights, OT_RECT r, int threshold) {
+  const int w = weights.w;
+  const int h = weights.h;
   const OT_RECT clipped{std::max(r.left, 0), std::max(r.top, 0), std::min(r.right, w), std::min(r.bottom, h)};
   const bool valid = ValidRectangle_Obj(w, h, clipped);
-  const int32_t count = valid ? CountWeightsAbove(weights, w, h, clipped, threshold) : -1;
+  if (valid) weights.Require(clipped);
+  const int32_t count = valid ? CountWeightsAbove(weights.px, w, h, clipped, threshold) : -1;
   return Candidate{clipped, valid, count, Area(clipped)};
 }
 
@@ -160,15 +171,23 @@ void UpdateHistory(CMeanShiftTracker* t, const OT_RECT& r) {
 }  // namespace
 
 void GetObjectSize_Obj(CMeanShiftTracker* tracker, uint8_t* weights, int w, int h) {
-  MeasureDensity(tracker, weights, w, h);
-  const int32_t threshold = WeightThreshold(tracker, weights, w, h);
-  OT_RECT r = GetSizeVH(weights, w, h, tracker->rcTrack, threshold, true, false);
-  r = GetSizeVH(weights, w, h, r, threshold, false, true);
+  EstimateObjectSize(tracker, WeightImage{weights, w, h});
+}
+
+OT_RECT GetSizeVH(uint8_t* weights, int w, int h, OT_RECT rect, int threshold, bool vertical, bool horizontal) {
+  return SizeStep(WeightImage{weights, w, h}, rect, threshold, vertical, horizontal);
+}
+
+void EstimateObjectSize(CMeanShiftTracker* tracker, const WeightImage& weights) {
+  MeasureDensity(tracker, weights);
+  const int32_t threshold = WeightThreshold(tracker, weights);
+  OT_RECT r = SizeStep(weights, tracker->rcTrack, threshold, true, false);
+  r = SizeStep(weights, r, threshold, false, true);
   UpdateHistory(tracker, r);
   tracker->rcTrack = r;
 }
 
-OT_RECT GetSizeVH(uint8_t* weights, int w, int h, OT_RECT rect, int threshold, bool vertical, bool horizontal) {
+OT_RECT SizeStep(const WeightImage& weights, OT_RECT rect, int threshold, bool vertical, bool horizontal) {
   const int32_t stepX = SizeStep(Width(rect));
   const int32_t stepY = SizeStep(Height(rect));
   OT_RECT inner = rect;
@@ -185,9 +204,9 @@ OT_RECT GetSizeVH(uint8_t* weights, int w, int h, OT_RECT rect, int threshold, b
     outer.left = Wrap32Sub(rect.left, stepX);
     outer.right = Wrap32Add(rect.right, stepX);
   }
-  const Candidate in = Evaluate(weights, w, h, inner, threshold);
-  const Candidate cur = Evaluate(weights, w, h, rect, threshold);
-  const Candidate out = Evaluate(weights, w, h, outer, threshold);
+  const Candidate in = Evaluate(weights, inner, threshold);
+  const Candidate cur = Evaluate(weights, rect, threshold);
+  const Candidate out = Evaluate(weights, outer, threshold);
 
   // Growth wins over shrinking, and an empty band (rate 0) deliberately does not shrink.
   if (out.valid && BandRate(cur, out) > kGrowAboveRate) return out.clipped;

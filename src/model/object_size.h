@@ -11,3 +11,9 @@
 PLOVIX_EXPORT void GetObjectSize_Obj(CMeanShiftTracker* tracker, uint8_t* weights, int w, int h);
 PLOVIX_EXPORT OT_RECT GetSizeVH(uint8_t* weights, int w, int h, OT_RECT rect, int threshold, bool vertical,
                                 bool horizontal);
+
+struct WeightImage;
+
+// The same two over a weight image that may be projected as it is read.
+void EstimateObjectSize(CMeanShiftTracker* tracker, const WeightImage& weights);
+OT_RECT SizeStep(const WeightImage& weights, OT_RECT rect, int threshold, bool vertical, bool horizontal);

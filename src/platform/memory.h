@@ -11,6 +11,8 @@ inline size_t ImageReadPad(size_t rowBytes) { return 2 * rowBytes + 64; }
 
 // calloc(nominal + ImageReadPad(rowBytes)); released with free(). Null on failure.
 uint8_t* AllocZeroedImage(size_t nominalBytes, size_t rowBytes);
+// The same size uncleared, for an image whose readers have each part made ready before they read it.
+uint8_t* AllocImage(size_t nominalBytes, size_t rowBytes);
 
 // Byte at linear index i of a buffer of nominal size n: the byte itself inside, 0 outside (before
 // its start as well as past its end). For reads whose rectangle may reach outside an image.

@@ -5,6 +5,7 @@
 
 #include "model/region.h"
 #include "model/weight_column_sums.h"
+#include "model/weight_image.h"
 #include "platform/arith.h"
 
 namespace {
@@ -95,6 +96,12 @@ OT_RECT WideSearch(int w, int h, int x0, int y0, int* outSum, int eps, MomentsOf
 }  // namespace
 
 OT_RECT MeanShift_Obj(CMeanShiftTracker* t, uint8_t* weights, int w, int h, int* outSum, int eps) {
+  return FollowWeights(t, WeightImage{weights, w, h}, outSum, eps);
+}
+
+OT_RECT FollowWeights(CMeanShiftTracker* t, const WeightImage& weights, int* outSum, int eps) {
+  const int w = weights.w;
+  const int h = weights.h;
   const OT_RECT& track = t->rcTrack;
   int32_t cx = Wrap32Add(track.left, track.right) >> 1;
   int32_t cy = Wrap32Add(track.top, track.bottom) >> 1;
@@ -105,7 +112,8 @@ OT_RECT MeanShift_Obj(CMeanShiftTracker* t, uint8_t* weights, int w, int h, int*
   for (int k = 0;; ++k) {
     // Clipped in place, so a window that touched the border stays smaller from then on.
     win = ClipToImage(win, w, h);
-    c = CentroidOf(MomentsInRect(weights, w, h, win), win);
+    weights.Require(win);
+    c = CentroidOf(MomentsInRect(weights.px, w, h, win), win);
     if (Distance(cx, c.x) < eps && Distance(cy, c.y) < eps) break;
     if (k >= kMeanShiftMaxIterations) break;
     win = ShiftRect(win, Wrap32Sub(c.x, cx), Wrap32Sub(c.y, cy));

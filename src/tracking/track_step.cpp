@@ -7,12 +7,12 @@
 
 #include "engine/frame_intake.h"
 #include "engine/tuning.h"
-#include "model/back_projection.h"
 #include "model/model_state.h"
 #include "model/object_size.h"
 #include "model/region.h"
 #include "model/selection.h"
 #include "model/weight_column_sums.h"
+#include "model/weight_image.h"
 #include "platform/arith.h"
 #include "platform/log.h"
 #include "platform/memory.h"
@@ -70,31 +70,22 @@ uint8_t* AllocTemplate(int width, int height) {
   return static_cast<uint8_t*>(std::calloc(bytes, 1));
 }
 
-// Also takes in what the state reads of the working image: while lost, the searches correlate
-// anywhere, so all of it; while tracking, what the projection reads (the template check takes in
-// its own part later).
-void ProjectWeights(const CMeanShiftTracker* t, FrameIntake* intake, const uint8_t* y, const uint8_t* cbcr, int w,
-                    int h, int lineStep, uint8_t* weights) {
-  int left = 0, top = 0, right = 0, bottom = 0;
+// The 2x2 blocks the state projects: the whole frame while lost; while tracking, rcTrack (as the
+// previous step left it) grown by its own width and height on every side, clipped to the frame,
+// edges rounded down to even; none in any other state.
+OT_RECT ProjectionRect(const CMeanShiftTracker* t, int w, int h) {
+  constexpr OT_RECT kNone{0, 0, 0, 0};
   if (t->nState == kStateLost) {
-    if (intake != nullptr) intake->TakeAll();
-    right = w & ~1;
-    bottom = h & ~1;
-    if (right < 1 || bottom < 1) return;
-  } else if (t->nState == kStateTracking) {
-    const OT_RECT& r = t->rcTrack;
-    const int32_t grow_w = RectWidth(r);
-    const int32_t grow_h = RectHeight(r);
-    left = std::max(Wrap32Sub(r.left, grow_w), 0) & ~1;
-    top = std::max(Wrap32Sub(r.top, grow_h), 0) & ~1;
-    right = std::min(Wrap32Add(r.right, grow_w), w) & ~1;
-    bottom = std::min(Wrap32Add(r.bottom, grow_h), h) & ~1;
-    if (top >= bottom || left >= right) return;
-    if (intake != nullptr) intake->TakeBlocks(OT_RECT{left, top, right, bottom});
-  } else {
-    return;
+    const OT_RECT all{0, 0, w & ~1, h & ~1};
+    return all.right < 1 || all.bottom < 1 ? kNone : all;
   }
-  BackProjectBlocks(t->histModel, y, cbcr, w, lineStep, weights, left, top, right, bottom);
+  if (t->nState != kStateTracking) return kNone;
+  const OT_RECT& r = t->rcTrack;
+  const int32_t grow_w = RectWidth(r);
+  const int32_t grow_h = RectHeight(r);
+  const OT_RECT grown{std::max(Wrap32Sub(r.left, grow_w), 0) & ~1, std::max(Wrap32Sub(r.top, grow_h), 0) & ~1,
+                      std::min(Wrap32Add(r.right, grow_w), w) & ~1, std::min(Wrap32Add(r.bottom, grow_h), h) & ~1};
+  return IsEmpty(grown) ? kNone : grown;
 }
 
 struct CandidateScore {
@@ -221,7 +212,13 @@ void SearchByDensestBlock(CMeanShiftTracker* t, const uint8_t* weights, int w, i
   }
 }
 
-int StepLost(CMeanShiftTracker* t, uint8_t* y, uint8_t* weights, int w, int h) {
+int StepLost(CMeanShiftTracker* t, FrameIntake* intake, uint8_t* y, const WeightImage& image) {
+  // The searches read the whole weight image and correlate anywhere in the working image.
+  if (intake != nullptr) intake->TakeAll();
+  image.Require(OT_RECT{0, 0, image.w, image.h});
+  uint8_t* weights = image.px;
+  const int w = image.w;
+  const int h = image.h;
   t->rcObject = t->rcTrack;
   t->nDensity = 0;
   int sum = 0;
@@ -265,21 +262,22 @@ void CheckTemplate(const CMeanShiftTracker* t, FrameIntake* intake, uint8_t* y, 
   NCC_cnt = 1;
 }
 
-int StepTracking(CMeanShiftTracker* t, FrameIntake* intake, uint8_t* y, uint8_t* weights, int w, int h) {
+int StepTracking(CMeanShiftTracker* t, FrameIntake* intake, uint8_t* y, const WeightImage& weights) {
   int sum = 0;
-  t->rcTrack = MeanShift_Obj(t, weights, w, h, &sum, kMeanShiftEps);
-  GetObjectSize_Obj(t, weights, w, h);
-  CheckTemplate(t, intake, y, w, h);
+  t->rcTrack = FollowWeights(t, weights, &sum, kMeanShiftEps);
+  EstimateObjectSize(t, weights);
+  CheckTemplate(t, intake, y, weights.w, weights.h);
   Valid_flg = false;
   return sum;
 }
 
-void MeasureFillRate(CMeanShiftTracker* t, const uint8_t* weights, int w, int h) {
+void MeasureFillRate(CMeanShiftTracker* t, const WeightImage& weights) {
   const OT_RECT& r = t->rcTrack;
   if (IsEmpty(r)) {
     t->nFillRate = 0;
   } else {
-    const int32_t count = CountWeightsAbove(weights, w, h, r, t->nWeightThr);
+    weights.Require(r);
+    const int32_t count = CountWeightsAbove(weights.px, weights.w, weights.h, r, t->nWeightThr);
     t->nFillRate = Wrap32Div(Wrap32Mul(count, kPercent), Wrap32Mul(RectWidth(r), RectHeight(r)));
   }
   if (t->bFirstFrame) {
@@ -324,25 +322,27 @@ int Track_YCC420BUNCH_Obj(CMeanShiftTracker* t, uint8_t* y, uint8_t* cbcr, int w
 int TrackStep(CMeanShiftTracker* t, FrameIntake* intake, uint8_t* y, uint8_t* cbcr, int w, int h, int lineStep) {
   if (m_nOT < 1) return 0;
   const int64_t pixels = std::max<int64_t>(0, static_cast<int64_t>(w) * h);
-  uint8_t* weights = AllocZeroedImage(static_cast<size_t>(pixels), static_cast<size_t>(std::max(w, 0)));
-  if (weights == nullptr) {
+  uint8_t* buffer = AllocImage(static_cast<size_t>(pixels), static_cast<size_t>(std::max(w, 0)));
+  if (buffer == nullptr) {
     PLOVIX_LOGE("BP mem allocation is failed");
     return 0;
   }
-  ProjectWeights(t, intake, y, cbcr, w, h, lineStep, weights);
+  // Cleared and projected part by part, as the steps below read it.
+  WeightProjection projection(buffer, w, h, ProjectionRect(t, w, h), t->histModel, y, cbcr, lineStep, intake);
+  const WeightImage weights{buffer, w, h, &projection};
 
   int sum = 0;
   if (t->nState == kStateLost) {
-    sum = StepLost(t, y, weights, w, h);
+    sum = StepLost(t, intake, y, weights);
   } else if (t->nState == kStateTracking) {
-    sum = StepTracking(t, intake, y, weights, w, h);
+    sum = StepTracking(t, intake, y, weights);
   }
-  MeasureFillRate(t, weights, w, h);
+  MeasureFillRate(t, weights);
   ApplyScoreBonus(t);
-  CheckLostObject_Obj(t, weights, w, h, score_normcrosscorr);
+  CheckLostObject_Obj(t, buffer, w, h, score_normcrosscorr);
   FeedRunningMeans(t);
   KeepRectanglesInside(t, w, h);
 
-  std::free(weights);
+  std::free(buffer);
   return sum;
 }
