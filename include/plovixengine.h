@@ -117,15 +117,18 @@ PLOVIX_STATIC_ASSERT(sizeof(PlovixStruct) == 120, "PlovixStruct size");
 PLOVIX_API void* create_plovix_handle(void);
 
 /* Prepares the engine for a preview session; logs the version. Calling it twice without
- * deinit_plovix is logged and ignored. Always returns 0. */
+ * deinit_plovix is logged and ignored. Always returns 0 (a null handle is logged and ignored). */
 PLOVIX_API int init_plovix(void* handle);
 
 /* Processes one preview frame and writes the result fields of rec. Returns 0 for every processed
- * frame (whatever the tracking outcome) and -1 for a refused frame (unsupported nFormat, or a
- * degenerate box for a tiny frame). */
+ * frame (whatever the tracking outcome) and -1 for a refused frame: a null handle or record, an
+ * unsupported nFormat, a null pY or pUV, a negative size or one whose bytes (nWidth x nHeight x 3/2)
+ * exceed INT32_MAX, or a degenerate box for a tiny frame. A refused frame is logged at error
+ * priority and leaves the record as it was (a degenerate box only after the request was taken). */
 PLOVIX_API int process_plovix(void* handle, PlovixStruct* rec);
 
-/* Ends the preview session: stops tracking and releases the working buffers. Always returns 0. */
+/* Ends the preview session: stops tracking and releases the working buffers. Always returns 0 (a
+ * null handle is logged and ignored). */
 PLOVIX_API int deinit_plovix(void* handle);
 
 /* Destroys the engine. A null handle is ignored. */
