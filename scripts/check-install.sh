@@ -57,18 +57,23 @@ needed=$(readelf -d "$lib" | sed -n 's/.*(NEEDED).*\[\(.*\)\]/\1/p' |
   grep -v -E '^(libstdc\+\+|libm|libgcc_s|libc|libpthread|liblog)\.so' || true)
 [ -z "$needed" ] || die "the library needs more than the C/C++ runtime and pthreads: $needed"
 
+read -r -a pc_cflags <<<"$(pkg-config --cflags plovixengine)"
+read -r -a pc_libs <<<"$(pkg-config --libs plovixengine)"
+rpath=-Wl,-rpath,$(pkg-config --variable=libdir plovixengine)
+
 say "compiling each installed subsystem header on its own (C++17)"
 while IFS= read -r header; do
-  echo "#include <$header>" | c++ -std=c++17 -Wall -Wextra -Werror -x c++ -fsyntax-only \
-    $(pkg-config --cflags plovixengine) - || die "$header does not compile from the install tree"
+  echo "#include <$header>" | c++ -std=c++17 -Wall -Wextra -Werror -x c++ -fsyntax-only "${pc_cflags[@]}" - ||
+    die "$header does not compile from the install tree"
 done < <(cd "$prefix/include" && find plovixengine -name '*.h' | sort)
 
 # Every program must load the installed library, not one from the build tree.
 run() {
   local loaded
   loaded=$(ldd "$1" | awk '/libplovixengine/ { print $3 }')
-  [ -n "$loaded" ] && [ "$(readlink -f "$loaded")" = "$(readlink -f "$lib")" ] ||
+  if [ -z "$loaded" ] || [ "$(readlink -f "$loaded")" != "$(readlink -f "$lib")" ]; then
     die "$(basename "$1") loads '$loaded' instead of the installed $lib"
+  fi
   "$@" || die "$(basename "$1") failed"
 }
 
@@ -80,13 +85,12 @@ run "$work/consumer/consumer"
 run "$work/consumer/consumer_internals"
 
 say "pkg-config --cflags --libs plovixengine with cc ${c_flags[*]}"
-rpath=-Wl,-rpath,$(pkg-config --variable=libdir plovixengine)
-read -r -a pc_cflags <<<"$(pkg-config --cflags plovixengine)"
-read -r -a pc_libs <<<"$(pkg-config --libs plovixengine)"
-cc "${c_flags[@]}" "${pc_cflags[@]}" examples/consumer/consumer.c -o "$work/consumer-pc" "${pc_libs[@]}" "$rpath"
+cc "${c_flags[@]}" "${pc_cflags[@]}" examples/consumer/consumer.c -o "$work/consumer-pc" "${pc_libs[@]}" "$rpath" ||
+  die "examples/consumer/consumer.c does not build with pkg-config"
 run "$work/consumer-pc"
 
 say "examples/host_example.c"
-cc "${c_flags[@]}" "${pc_cflags[@]}" examples/host_example.c -o "$work/host_example" "${pc_libs[@]}" "$rpath"
+cc "${c_flags[@]}" "${pc_cflags[@]}" examples/host_example.c -o "$work/host_example" "${pc_libs[@]}" "$rpath" ||
+  die "examples/host_example.c does not build with pkg-config"
 run "$work/host_example"
 say "ok: libplovixengine $version installs and links both ways"
