@@ -16,6 +16,7 @@ FrameTimes::FrameTimes() : buckets_(kBucketCount) {
 
 void FrameTimes::Add(double ms, double cpuMs, int64_t frame) {
   if (cpuMs > max_cpu_ms_) max_cpu_ms_ = cpuMs;
+  total_ms_ += ms;
   int i = static_cast<int>(ms * kBucketsPerMs);
   if (i < 0) i = 0;
   if (i >= kBucketCount) i = kBucketCount - 1;

@@ -16,6 +16,7 @@ class FrameTimes {
   double MaxMs() const { return max_ms_; }
   int64_t MaxFrame() const { return max_frame_; }
   double MaxCpuMs() const { return max_cpu_ms_; }
+  double TotalMs() const { return total_ms_; }
   // The lower median, to the bucket; calls beyond the histogram's range count as its last bucket.
   double MedianMs() const;
 
@@ -25,6 +26,7 @@ class FrameTimes {
   double max_ms_ = 0;
   int64_t max_frame_ = -1;
   double max_cpu_ms_ = 0;
+  double total_ms_ = 0;
 };
 
 }  // namespace soak

@@ -13,6 +13,7 @@ TEST(FrameTimes, MedianIsTheLowerMiddleBucketAndMaxIsExact) {
   EXPECT_DOUBLE_EQ(t.MaxMs(), 7.5);
   EXPECT_EQ(t.MaxFrame(), 101);
   EXPECT_DOUBLE_EQ(t.MaxCpuMs(), 3.75);
+  EXPECT_NEAR(t.TotalMs(), 8.4503, 1e-9);
   t.Add(0.05, 4.0, 200);
   EXPECT_DOUBLE_EQ(t.MedianMs(), 0.2);  // rank 3 of 6, in the bucket of 0.2004
   EXPECT_DOUBLE_EQ(t.MaxCpuMs(), 4.0);   // the CPU maximum need not be the wall maximum's frame

@@ -63,8 +63,9 @@ int Verdict(const Result& r, const Limits& limits, FILE* out) {
 }
 
 void PrintSummary(const Result& r, const Limits& limits, double seconds, FILE* out) {
-  std::fprintf(out, "frames        %lld in %.1f s: %lld cycles, %lld phases\n", static_cast<long long>(r.frames),
-               seconds, static_cast<long long>(r.cyclesDone), static_cast<long long>(r.phasesDone));
+  std::fprintf(out, "frames        %lld in %.1f s (%.1f s in process_plovix): %lld cycles, %lld phases\n",
+               static_cast<long long>(r.frames), seconds, r.times.TotalMs() / 1000.0,
+               static_cast<long long>(r.cyclesDone), static_cast<long long>(r.phasesDone));
   std::fprintf(out, "states        1: %lld, 2: %lld, 3: %lld, refused: %lld\n", static_cast<long long>(r.states[1]),
                static_cast<long long>(r.states[2]), static_cast<long long>(r.states[3]),
                static_cast<long long>(r.refused));
