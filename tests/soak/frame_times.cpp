@@ -39,4 +39,10 @@ double FrameTimes::MedianMs() const {
   return (kBucketCount - 1) / kBucketsPerMs;
 }
 
+int64_t FrameTimes::CountAbove(double ms) const {
+  int64_t n = 0;
+  for (int i = static_cast<int>(ms * kBucketsPerMs) + 1; i < kBucketCount; ++i) n += buckets_[i];
+  return n;
+}
+
 }  // namespace soak

@@ -19,6 +19,8 @@ class FrameTimes {
   double TotalMs() const { return total_ms_; }
   // The lower median, to the bucket; calls beyond the histogram's range count as its last bucket.
   double MedianMs() const;
+  // Calls that took longer than ms, to the bucket.
+  int64_t CountAbove(double ms) const;
 
  private:
   std::vector<uint32_t> buckets_;

@@ -27,6 +27,9 @@ TEST(FrameTimes, CallsBeyondTheHistogramStillCountForTheMedianAndTheMax) {
   EXPECT_DOUBLE_EQ(t.MedianMs(), 49.999);
   EXPECT_DOUBLE_EQ(t.MaxMs(), 120.0);
   EXPECT_EQ(t.MaxFrame(), 1);
+  EXPECT_EQ(t.CountAbove(20.0), 2);
+  EXPECT_EQ(t.CountAbove(0.499), 3);
+  EXPECT_EQ(t.CountAbove(0.5), 2);  // the call of exactly 0.5 ms is not above it
 }
 
 }  // namespace

@@ -55,8 +55,9 @@ int Verdict(const Result& r, const Limits& limits, FILE* out) {
   if (!limits.resources) return failures;
   failures += MemoryVerdict(r, limits, out);
   if (r.times.MaxMs() > limits.maxFrameMs) {
-    std::fprintf(out, "FAIL: process_plovix took %.2f ms on frame %lld, limit %.0f ms\n", r.times.MaxMs(),
-                 static_cast<long long>(r.times.MaxFrame()), limits.maxFrameMs);
+    std::fprintf(out, "FAIL: process_plovix took %.2f ms on frame %lld, limit %.0f ms; calls above it: %lld\n",
+                 r.times.MaxMs(), static_cast<long long>(r.times.MaxFrame()), limits.maxFrameMs,
+                 static_cast<long long>(r.times.CountAbove(limits.maxFrameMs)));
     ++failures;
   }
   return failures;

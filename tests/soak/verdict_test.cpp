@@ -54,7 +54,7 @@ TEST(Verdict, EachBrokenLimitIsOneFailureWithItsFigures) {
       {"resident size unreadable", [](Result* r) { r->rssMaxKb = -1; },
        "FAIL: the resident size could not be read after warm-up\n"},
       {"slow call", [](Result* r) { r->times.Add(20.5, 1.0, 1234); },
-       "FAIL: process_plovix took 20.50 ms on frame 1234, limit 20 ms\n"},
+       "FAIL: process_plovix took 20.50 ms on frame 1234, limit 20 ms; calls above it: 1\n"},
       {"refused frames", [](Result* r) { r->refused = 3; }, "FAIL: 3 frames refused\n"},
   };
   for (const auto& c : cases) {
