@@ -11,7 +11,9 @@ namespace {
 constexpr size_t kDefaultCacheBytes = size_t{64} << 20;
 constexpr int kMaxCacheIndex = 16;
 constexpr size_t kCacheMultiple = 2;
-constexpr int kMinFrames = 8;
+// Frames are also the disc's lap: at least this long, so a tracker that stops following is off
+// the disc most of the time.
+constexpr int kMinFrames = 60;
 
 bool ReadLine(const std::string& path, std::string* line) {
   std::ifstream in(path);

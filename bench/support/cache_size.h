@@ -15,8 +15,8 @@ size_t ParseCacheSize(const std::string& text);
 // does not say (sysconf is not trusted: under some hypervisors it reports the host's cache).
 size_t LastLevelCacheBytes();
 
-// Number of distinct frames of frameBytes each that together hold at least twice cacheBytes:
-// twice, because cache replacement is not perfectly LRU.
+// Number of distinct frames of frameBytes each that together hold at least twice cacheBytes
+// (twice, because cache replacement is not perfectly LRU), and never fewer than 60.
 int FramesToOutgrowCache(size_t frameBytes, size_t cacheBytes);
 
 }  // namespace plovix_bench

@@ -10,6 +10,8 @@ constexpr double kPi = 3.14159265358979323846;
 constexpr double kSpeedPerHeight = 1.0 / 90.0;  // pixels a frame, per pixel of frame height
 constexpr double kRadiusPerHeight = 1.0 / 18.0;  // 60 pixels at 1080 lines
 constexpr int kDiscShading = 10;                 // luma from the lit to the dark side
+constexpr double kDiscTexture = 24.0;            // luma amplitude of the pattern on the disc
+constexpr double kDiscTextureWaves = 6.0;        // radians of the pattern per disc radius
 constexpr int kSensorNoise = 3;                  // luma noise per frame, +-
 
 // Muted scene objects, well away from the disc's colour, placed in fractions of the frame.
@@ -31,6 +33,11 @@ uint32_t Hash(uint32_t x) {
   x *= 0x846ca68bu;
   x ^= x >> 16;
   return x;
+}
+
+// A pattern that moves with the disc, so trackers that follow luma structure have some to follow.
+double DiscTexture(double u, double v) {
+  return kDiscTexture * std::sin(kDiscTextureWaves * u) * std::sin(kDiscTextureWaves * v);
 }
 
 uint8_t Clamp8(double v) { return static_cast<uint8_t>(std::clamp(v, 0.0, 255.0)); }
@@ -124,8 +131,8 @@ void Scene::PaintDisc(const Disc& d, Nv21Frame* out) const {
       const double dx = x - d.x;
       const double dy = y - d.y;
       if (dx * dx + dy * dy > d.r * d.r) continue;
-      // Lit from the top left, so the disc is not perfectly flat.
-      out->y()[static_cast<size_t>(y) * width_ + x] = Clamp8(kDiscY - kDiscShading * (dx + dy) / (2.0 * d.r));
+      // Lit from the top left, and patterned.
+      out->y()[static_cast<size_t>(y) * width_ + x] = Clamp8(kDiscY - kDiscShading * (dx + dy) / (2.0 * d.r) + DiscTexture(dx / d.r, dy / d.r));
       if ((x % 2) == 0 && (y % 2) == 0) {
         uint8_t* pair = out->vu() + static_cast<size_t>(y / 2) * width_ + x;
         pair[0] = kDiscV;

@@ -1,6 +1,6 @@
 // Synthetic preview frames in NV21 layout (luma plane, then V,U pairs at half resolution): a
-// textured background with sensor noise and muted patches, and an orange disc circling the frame
-// centre at a constant speed, so that the last frame of a cycle leads smoothly into the first.
+// textured background with sensor noise and muted patches, and a patterned orange disc circling
+// the frame centre at a constant speed, so that the last frame of a lap leads smoothly into the first.
 #pragma once
 
 #include <cstddef>
@@ -26,7 +26,7 @@ struct Disc {
   double r;
 };
 
-// The disc's colour as NV21 samples.
+// The disc's colour as NV21 samples (its luma varies about kDiscY).
 constexpr uint8_t kDiscY = 129;
 constexpr uint8_t kDiscV = 204;
 constexpr uint8_t kDiscU = 69;

@@ -22,11 +22,12 @@ TEST(CacheSize, ParsesSysfsSizes) {
 TEST(CacheSize, FramesTogetherHoldTwiceTheCache) {
   constexpr size_t kCache = size_t{32} << 20;
   const std::tuple<size_t, int> cases[] = {
-      {1920 * 1080 * 3 / 2, 22},  // 21.6 rounded up
-      {1280 * 720 * 3 / 2, 49},
-      {640 * 480 * 3 / 2, 146},
-      {kCache, 8},  // never fewer than a handful
-      {0, 8},
+      {640 * 480 * 3 / 2, 146},  // 145.6 rounded up
+      {size_t{1} << 20, 64},
+      {(size_t{1} << 20) - 1, 65},
+      {1280 * 720 * 3 / 2, 60},  // 48.5, but a lap is never shorter than 60 frames
+      {1920 * 1080 * 3 / 2, 60},
+      {0, 60},
   };
   for (const auto& [frameBytes, frames] : cases) {
     EXPECT_EQ(FramesToOutgrowCache(frameBytes, kCache), frames) << frameBytes;
@@ -41,17 +42,17 @@ TEST(Scene, TouchPositionsInFocusUnits) {
 }
 
 TEST(Scene, DiscCirclesAtConstantSpeedAndTheLapCloses) {
-  const Scene scene(1920, 1080, 22);
+  const Scene scene(1920, 1080, 60);
   const Disc first = scene.DiscAt(0);
-  const Disc again = scene.DiscAt(22);
+  const Disc again = scene.DiscAt(60);
   EXPECT_EQ(first.x, again.x);
   EXPECT_EQ(first.y, again.y);
   EXPECT_EQ(first.r, 60.0);
-  for (int i = 0; i < 22; ++i) {
+  for (int i = 0; i < 60; ++i) {
     const Disc a = scene.DiscAt(i);
     const Disc b = scene.DiscAt(i + 1);
     // A chord of the lap: just under the 12 pixels a frame along the circle.
-    EXPECT_NEAR(std::hypot(b.x - a.x, b.y - a.y), 11.96, 0.01) << i;
+    EXPECT_NEAR(std::hypot(b.x - a.x, b.y - a.y), 11.99, 0.01) << i;
   }
 }
 
@@ -83,7 +84,7 @@ TEST(Scene, MovingFramesShowTheDiscAndHiddenFramesDoNot) {
     const Disc d = frames.scene().DiscAt(i);
     const int cx = static_cast<int>(d.x) & ~1;
     const int cy = static_cast<int>(d.y) & ~1;
-    EXPECT_NEAR(f.y()[cy * f.width + cx], kDiscY, 4);  // sensor noise and a little shading
+    EXPECT_NEAR(f.y()[cy * f.width + cx], kDiscY, 5);  // noise, and a little shading and pattern
     EXPECT_EQ(f.vu()[(cy / 2) * f.width + cx], kDiscV);
     EXPECT_EQ(f.vu()[(cy / 2) * f.width + cx + 1], kDiscU);
     // One chroma pair per 2x2 block of the disc: about pi r^2 / 4 of them.
