@@ -8,7 +8,6 @@
 #   --no-peers    leave the OpenCV peers out (and do not install OpenCV)
 #   --json FILE   where the results go (default bench-out/bench.json, bench-out/callgrind.json)
 set -euo pipefail
-cd "$(dirname "$0")/.."
 
 quick=0
 use_callgrind=0
@@ -21,12 +20,13 @@ while [ $# -gt 0 ]; do
     --no-peers) peers=0 ;;
     --json)
       [ $# -ge 2 ] || { echo "bench.sh: --json needs a file name" >&2; exit 2; }
-      json=$2; shift ;;
+      json=$(realpath -m "$2"); shift ;;
     -h|--help) sed -n '2,9p' "$0"; exit 0 ;;
     *) echo "bench.sh: unknown option $1 (see --help)" >&2; exit 2 ;;
   esac
   shift
 done
+cd "$(dirname "$0")/.."
 
 build=build-bench
 packages=(libbenchmark-dev)
