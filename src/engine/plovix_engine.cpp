@@ -74,6 +74,28 @@ bool IsAcceptedFormat(int32_t format) {
   return format == kFormatNv21 || format == kFormatNv12Venus || format == kFormatNv12;
 }
 
+// Every plane offset the engine computes is a 32-bit quantity, so a frame whose bytes (luma plus
+// the half-height chroma plane) do not fit in 32 bits cannot be addressed; a negative size has no
+// byte count at all.
+bool HasAddressableSize(const PlovixStruct& rec) {
+  if (rec.nWidth < 0 || rec.nHeight < 0) return false;
+  const int64_t bytes = static_cast<int64_t>(rec.nWidth) * rec.nHeight * 3 / 2;
+  return bytes <= INT32_MAX;
+}
+
+// Host mistakes that have no defined answer get a refusal instead of a crash; nothing is touched.
+bool RefuseBadFrame(const PlovixStruct& rec) {
+  if (!HasAddressableSize(rec)) {
+    PLOVIX_LOGE("PlovixPlugin frame size %dx%d is not supported", rec.nWidth, rec.nHeight);
+    return true;
+  }
+  if (rec.pY == nullptr || rec.pUV == nullptr) {
+    PLOVIX_LOGE("PlovixPlugin process called with a null plane");
+    return true;
+  }
+  return false;
+}
+
 void SetStates(PlovixStruct* rec, int32_t state) {
   rec->nTrackState = state;
   rec->nPredictState = state;
@@ -348,6 +370,7 @@ int PlovixEngine::Process(PlovixStruct* rec) {
     PLOVIX_LOGE("PlovixPlugin currently only support nv21, nv12_venus, nv12 input");
     return -1;
   }
+  if (RefuseBadFrame(*rec)) return -1;
   WarnAboutStride(*rec);
   PendingCorrection correction = NoteSizeChange(*this, *rec);
   FrameIntake intake = RefreshWorkingImage(*this, *rec);

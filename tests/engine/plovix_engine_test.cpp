@@ -48,10 +48,9 @@ TEST(PlovixEngine, ConvertsTheTouchToWorkingPixels) {
 }
 
 TEST(PlovixEngine, ReportsAFailedSelection) {
-  // No working buffer can be made for a negative width, so the request cannot select anything.
+  // A uniform frame is one region far larger than any object, so nothing can be selected.
   Frame f = MakeUniformFrame(64, 48, 90, 128, 128);
   PlovixStruct rec = MakeRecord(&f);
-  rec.nWidth = -64;
   rec.bTrackRequest = 1;
   rec.nLeft = rec.nBottom = rec.nPredictRight = rec.nPredictTop = rec.nOffsetX = 5;
   LogCapture log;
@@ -59,8 +58,56 @@ TEST(PlovixEngine, ReportsAFailedSelection) {
   EXPECT_EQ(std::tuple(rec.nTrackState, rec.nPredictState, rec.nLeft, rec.nBottom, rec.nPredictRight, rec.nPredictTop,
                        rec.nOffsetX),
             std::tuple(1, 1, 0, 0, 0, 0, 5));
-  EXPECT_EQ("PlovixPlugin select object failed", log.lines().at(4).text);
-  EXPECT_EQ("PlovixPlugin non tracking mode", log.lines().at(5).text);
+  EXPECT_EQ(1, log.Count("PlovixPlugin select object failed"));
+  EXPECT_EQ(1, log.Count("PlovixPlugin non tracking mode"));
+}
+
+TEST(PlovixEngine, RefusesWhatItCannotAddressWithoutTouchingTheRecord) {
+  Frame f = MakeUniformFrame(64, 48, 90, 128, 128);
+  struct Case {
+    int width, height;
+    bool nullY, nullUV;
+    const char* message;
+  };
+  for (const Case& c : {
+           Case{-64, 48, false, false, "PlovixPlugin frame size -64x48 is not supported"},
+           Case{64, -48, false, false, "PlovixPlugin frame size 64x-48 is not supported"},
+           Case{65536, 32768, false, false, "PlovixPlugin frame size 65536x32768 is not supported"},
+           Case{46341, 30895, false, false, "PlovixPlugin frame size 46341x30895 is not supported"},
+           Case{64, 48, true, false, "PlovixPlugin process called with a null plane"},
+           Case{64, 48, false, true, "PlovixPlugin process called with a null plane"},
+       }) {
+    PlovixStruct rec = MakeRecord(&f);
+    rec.nWidth = c.width;
+    rec.nHeight = c.height;
+    if (c.nullY) rec.pY = nullptr;
+    if (c.nullUV) rec.pUV = nullptr;
+    rec.bTrackRequest = 1;
+    rec.nTrackState = 9;
+    Engine engine;
+    LogCapture log;
+    EXPECT_EQ(-1, process_plovix(engine.get(), &rec)) << c.message;
+    ASSERT_EQ(1u, log.lines().size()) << c.message;
+    EXPECT_EQ(6, log.lines()[0].priority);
+    EXPECT_EQ(c.message, log.lines()[0].text);
+    EXPECT_EQ(std::tuple(1, 9), std::tuple(int{rec.bTrackRequest}, rec.nTrackState)) << c.message;
+  }
+}
+
+TEST(PlovixEngine, NullHandlesAndRecordsGetADefinedAnswer) {
+  Frame f = MakeUniformFrame(64, 48, 90, 128, 128);
+  PlovixStruct rec = MakeRecord(&f);
+  LogCapture log;
+  EXPECT_EQ(0, init_plovix(nullptr));
+  EXPECT_EQ(0, deinit_plovix(nullptr));
+  EXPECT_EQ(-1, process_plovix(nullptr, &rec));
+  EXPECT_EQ(-1, process_plovix(Engine().get(), nullptr));
+  destroy_plovix_handle(nullptr);
+  EXPECT_EQ(1, log.Count("PlovixPlugin init called with a null handle"));
+  EXPECT_EQ(1, log.Count("PlovixPlugin deinit called with a null handle"));
+  EXPECT_EQ(1, log.Count("PlovixPlugin process called with a null handle"));
+  EXPECT_EQ(1, log.Count("PlovixPlugin process called with a null record"));
+  for (const auto& line : log.lines()) EXPECT_EQ("PlovixPlugin", line.tag);
 }
 
 TEST(PlovixEngine, LifecycleRebuildsTheWorkingImageOnlyWhenNeeded) {

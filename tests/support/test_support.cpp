@@ -9,8 +9,8 @@ LogCapture::LogCapture() { plovix_set_log_callback(&LogCapture::Sink, this); }
 
 LogCapture::~LogCapture() { plovix_set_log_callback(nullptr, nullptr); }
 
-void LogCapture::Sink(int priority, const char* /*tag*/, const char* text, void* user) {
-  static_cast<LogCapture*>(user)->lines_.push_back({priority, text});
+void LogCapture::Sink(int priority, const char* tag, const char* text, void* user) {
+  static_cast<LogCapture*>(user)->lines_.push_back({priority, tag, text});
 }
 
 int LogCapture::Count(const std::string& text) const {

@@ -20,6 +20,7 @@ namespace plovix_test {
 
 struct LogLine {
   int priority;
+  std::string tag;
   std::string text;
 };
 
