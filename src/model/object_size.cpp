@@ -175,19 +175,19 @@ void GetObjectSize_Obj(CMeanShiftTracker* tracker, uint8_t* weights, int w, int 
 }
 
 OT_RECT GetSizeVH(uint8_t* weights, int w, int h, OT_RECT rect, int threshold, bool vertical, bool horizontal) {
-  return SizeStep(WeightImage{weights, w, h}, rect, threshold, vertical, horizontal);
+  return SizeVH(WeightImage{weights, w, h}, rect, threshold, vertical, horizontal);
 }
 
 void EstimateObjectSize(CMeanShiftTracker* tracker, const WeightImage& weights) {
   MeasureDensity(tracker, weights);
   const int32_t threshold = WeightThreshold(tracker, weights);
-  OT_RECT r = SizeStep(weights, tracker->rcTrack, threshold, true, false);
-  r = SizeStep(weights, r, threshold, false, true);
+  OT_RECT r = SizeVH(weights, tracker->rcTrack, threshold, true, false);
+  r = SizeVH(weights, r, threshold, false, true);
   UpdateHistory(tracker, r);
   tracker->rcTrack = r;
 }
 
-OT_RECT SizeStep(const WeightImage& weights, OT_RECT rect, int threshold, bool vertical, bool horizontal) {
+OT_RECT SizeVH(const WeightImage& weights, OT_RECT rect, int threshold, bool vertical, bool horizontal) {
   const int32_t stepX = SizeStep(Width(rect));
   const int32_t stepY = SizeStep(Height(rect));
   OT_RECT inner = rect;

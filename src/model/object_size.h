@@ -16,4 +16,4 @@ struct WeightImage;
 
 // The same two over a weight image that may be projected as it is read.
 void EstimateObjectSize(CMeanShiftTracker* tracker, const WeightImage& weights);
-OT_RECT SizeStep(const WeightImage& weights, OT_RECT rect, int threshold, bool vertical, bool horizontal);
+OT_RECT SizeVH(const WeightImage& weights, OT_RECT rect, int threshold, bool vertical, bool horizontal);
