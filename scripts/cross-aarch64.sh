@@ -46,10 +46,11 @@ build_googletest() {
   cmake --install "$build/_deps/googletest-build" >/dev/null
 }
 
-# Compilers fuse a * b + c on arm64 unless told not to, which changes results.
+# Compilers fuse a * b + c on arm64 unless told not to, which changes results: no scalar
+# (fmadd, fmsub, fnmadd, fnmsub) nor vector (fmla, fmls) fused instruction may appear.
 check_no_fused_multiply_add() {
   local fused
-  fused=$(aarch64-linux-gnu-objdump -d "$lib" | grep -cE '\sf(n)?m(add|sub)\s' || true)
+  fused=$(aarch64-linux-gnu-objdump -d "$lib" | grep -cE '\s(fn?m(add|sub)|fml[as])\s' || true)
   if [ "$fused" -ne 0 ]; then
     echo "cross-aarch64: FAIL: $lib has $fused fused multiply-add instructions" >&2
     return 1
