@@ -16,6 +16,7 @@ void* g_logUser = nullptr;
 
 constexpr int kMaxMessage = 1024;
 
+#ifndef __ANDROID__
 char PriorityLetter(int priority) {
   switch (priority) {
     case 2: return 'V';
@@ -27,6 +28,7 @@ char PriorityLetter(int priority) {
     default: return '?';
   }
 }
+#endif
 
 }  // namespace
 
