@@ -32,6 +32,41 @@ TEST(Region, RectSumsReadByLinearIndexAndCountOutsidePixelsAsZero) {
   }
 }
 
+// Long runs are summed in chunks; every run length, a first column before the image (the x moment
+// wraps) and every kind of threshold must give what summing pixel by pixel gives.
+TEST(Region, RunSumsEqualPixelByPixelSumsForEveryRunLength) {
+  const int w = 100, h = 6;
+  std::vector<uint8_t> img(w * h);
+  uint32_t s = 3;
+  for (auto& v : img) {
+    s = s * 1664525u + 1013904223u;
+    v = static_cast<uint8_t>(s >> 24);
+  }
+  const int thresholds[] = {-1, 127, 254};
+  for (int left : {-37, 0, 5}) {
+    for (int width = 1; width <= 100; ++width) {
+      const OT_RECT r{left, 1, left + width, 4};
+      uint64_t sum = 0, sumX = 0, sumY = 0;
+      int32_t above[3] = {0, 0, 0};
+      for (int y = r.top; y < r.bottom; ++y) {
+        for (int x = r.left; x < r.right; ++x) {
+          const int64_t i = int64_t{y} * w + x;
+          const uint8_t v = (i >= 0 && i < w * h) ? img[i] : 0;
+          sum += v;
+          sumX += static_cast<uint64_t>(int64_t{x}) * v;
+          sumY += static_cast<uint64_t>(y) * v;
+          for (int k = 0; k < 3; ++k) above[k] += v > thresholds[k] ? 1 : 0;
+        }
+      }
+      SCOPED_TRACE(testing::Message() << "left " << left << ", width " << width);
+      const WeightMoments m = MomentsInRect(img.data(), w, h, r);
+      EXPECT_EQ(std::tuple(m.sum, m.sumX, m.sumY), std::tuple(sum, sumX, sumY));
+      EXPECT_EQ(SumWeightsInRect(img.data(), w, h, r), static_cast<int64_t>(sum));
+      for (int k = 0; k < 3; ++k) EXPECT_EQ(CountWeightsAbove(img.data(), w, h, r, thresholds[k]), above[k]);
+    }
+  }
+}
+
 TEST(Region, ClosedRectIsInclusiveAndTakesColumnsFirst) {
   std::vector<uint8_t> img(12 * 12, 0);
   EXPECT_EQ(Edges(GetClosedRect(img.data(), 1, 10, 2, 11, 12, 12)), (Edges({1, 2, 10, 11})));
