@@ -44,7 +44,8 @@ void ForEachReadableRun(const uint8_t* image, int stride, int h, OT_RECT rect, V
 }
 
 // The run sums below go over fixed chunks, each summed in 32 bits, so that the compiler vectorises
-// them at every optimisation level; a chunk's sums stay far below 2^32.
+// them at every optimisation level; a chunk's sums stay far below 2^32. Kept out of line: inlined
+// into both paths of every caller, the vectorised loops would multiply the library's code.
 constexpr int64_t kChunk = 16;
 
 struct RunMoments {
@@ -52,7 +53,7 @@ struct RunMoments {
   uint64_t sumX = 0;  // sum of offset-in-run * weight
 };
 
-RunMoments MomentsOfRun(const uint8_t* p, int64_t n) {
+__attribute__((noinline)) RunMoments MomentsOfRun(const uint8_t* p, int64_t n) {
   RunMoments r;
   int64_t i = 0;
   for (; i + kChunk <= n; i += kChunk) {
@@ -72,7 +73,7 @@ RunMoments MomentsOfRun(const uint8_t* p, int64_t n) {
   return r;
 }
 
-uint64_t SumRunWeights(const uint8_t* p, int64_t n) {
+__attribute__((noinline)) uint64_t SumRunWeights(const uint8_t* p, int64_t n) {
   uint64_t sum = 0;
   int64_t i = 0;
   for (; i + kChunk <= n; i += kChunk) {
@@ -84,7 +85,7 @@ uint64_t SumRunWeights(const uint8_t* p, int64_t n) {
   return sum;
 }
 
-int64_t CountRunAbove(const uint8_t* p, int64_t n, int threshold) {
+__attribute__((noinline)) int64_t CountRunAbove(const uint8_t* p, int64_t n, int threshold) {
   int64_t count = 0;
   int64_t i = 0;
   for (; i + kChunk <= n; i += kChunk) {
