@@ -85,15 +85,19 @@ __attribute__((noinline)) uint64_t SumRunWeights(const uint8_t* p, int64_t n) {
   return sum;
 }
 
+// Compares bytes with a byte: every weight is above a negative threshold and none above 254.
 __attribute__((noinline)) int64_t CountRunAbove(const uint8_t* p, int64_t n, int threshold) {
+  if (threshold < 0) return n;
+  if (threshold >= UINT8_MAX) return 0;
+  const uint8_t limit = static_cast<uint8_t>(threshold);
   int64_t count = 0;
   int64_t i = 0;
   for (; i + kChunk <= n; i += kChunk) {
     uint32_t chunk = 0;
-    for (int64_t j = 0; j < kChunk; ++j) chunk += (p[i + j] > threshold) ? 1u : 0u;
+    for (int64_t j = 0; j < kChunk; ++j) chunk += (p[i + j] > limit) ? 1u : 0u;
     count += chunk;
   }
-  for (; i < n; ++i) count += (p[i] > threshold) ? 1 : 0;
+  for (; i < n; ++i) count += (p[i] > limit) ? 1 : 0;
   return count;
 }
 

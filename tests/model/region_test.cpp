@@ -42,12 +42,12 @@ TEST(Region, RunSumsEqualPixelByPixelSumsForEveryRunLength) {
     s = s * 1664525u + 1013904223u;
     v = static_cast<uint8_t>(s >> 24);
   }
-  const int thresholds[] = {-1, 127, 254};
+  const int thresholds[] = {-1, 0, 127, 254, 255};
   for (int left : {-37, 0, 5}) {
     for (int width = 1; width <= 100; ++width) {
       const OT_RECT r{left, 1, left + width, 4};
       uint64_t sum = 0, sumX = 0, sumY = 0;
-      int32_t above[3] = {0, 0, 0};
+      int32_t above[5] = {0, 0, 0, 0, 0};
       for (int y = r.top; y < r.bottom; ++y) {
         for (int x = r.left; x < r.right; ++x) {
           const int64_t i = int64_t{y} * w + x;
@@ -55,14 +55,14 @@ TEST(Region, RunSumsEqualPixelByPixelSumsForEveryRunLength) {
           sum += v;
           sumX += static_cast<uint64_t>(int64_t{x}) * v;
           sumY += static_cast<uint64_t>(y) * v;
-          for (int k = 0; k < 3; ++k) above[k] += v > thresholds[k] ? 1 : 0;
+          for (int k = 0; k < 5; ++k) above[k] += v > thresholds[k] ? 1 : 0;
         }
       }
       SCOPED_TRACE(testing::Message() << "left " << left << ", width " << width);
       const WeightMoments m = MomentsInRect(img.data(), w, h, r);
       EXPECT_EQ(std::tuple(m.sum, m.sumX, m.sumY), std::tuple(sum, sumX, sumY));
       EXPECT_EQ(SumWeightsInRect(img.data(), w, h, r), static_cast<int64_t>(sum));
-      for (int k = 0; k < 3; ++k) EXPECT_EQ(CountWeightsAbove(img.data(), w, h, r, thresholds[k]), above[k]);
+      for (int k = 0; k < 5; ++k) EXPECT_EQ(CountWeightsAbove(img.data(), w, h, r, thresholds[k]), above[k]);
     }
   }
 }
