@@ -4,6 +4,7 @@
 #include <unistd.h>
 
 #include <cstdio>
+#include <cstdlib>
 #include <fstream>
 #include <string>
 
@@ -12,10 +13,14 @@
 namespace replay_test {
 
 // A fresh path under the test temp folder, unique per call within a run.
+// Paths in a fresh directory of this process: a reused pid must not meet an earlier run's files.
 inline std::string TempPath(const std::string& name) {
+  static const std::string dir = [] {
+    std::string pattern = testing::TempDir() + "replay_XXXXXX";
+    return mkdtemp(&pattern[0]) != nullptr ? pattern + "/" : testing::TempDir() + "replay_";
+  }();
   static int counter = 0;
-  return testing::TempDir() + "replay_" + std::to_string(getpid()) + "_" +
-         std::to_string(counter++) + "_" + name;
+  return dir + std::to_string(counter++) + "_" + name;
 }
 
 inline std::string WriteFile(const std::string& name, const std::string& bytes) {
