@@ -9,7 +9,7 @@ HERE = os.path.dirname(os.path.abspath(__file__))
 
 # Stream operations (fuzz/engine/stream_fuzzer.cpp).
 SIZE, REQUEST, ZOOM, SENSOR, FORMAT, STRIDE, HOLD = 1, 2, 4, 8, 16, 32, 64
-INIT, DEINIT, SCENE = 0xE0, 0xE8, 0xF0
+INIT, DEINIT, SCENE, HIDE = 0xE0, 0xE8, 0xF0, 0xF8
 # Indices into the stream fuzzer's tables.
 SIZE_INDEX = {"1x1": 0, "2x2": 1, "3x3": 2, "42x42": 8, "43x41": 9, "64x48": 13, "160x120": 16,
               "320x240": 18, "640x480": 21, "810x600": 24, "1280x720": 25, "0x0": 27, "64x10": 32}
@@ -49,6 +49,9 @@ def stream_seeds():
              + bytes([1, 220, 40, 220]) + struct.pack("<HHH", 1000, 2000, 500) + bytes([120, 0])
              + bytes([0, 30, 200, 60]) + struct.pack("<HHH", 3000, 1500, 700) + bytes([4, 4]))
     seeds["fast_object_lost"] = b"\x00" + bytes([SIZE, SIZE_INDEX["160x120"]]) + scene + touch_shape(0) + frames(50)
+    # Hidden long enough for the block search (100 lost frames), shown again, then hidden for good.
+    seeds["lost_for_long"] = (b"\x00" + touch_shape() + frames(8) + bytes([HIDE]) + frames(104) + bytes([HIDE])
+                              + frames(8) + bytes([HIDE]) + frames(40))
     seeds["tiny_frames"] = (b"\x00" + bytes([SIZE | REQUEST, SIZE_INDEX["2x2"], 1, 0, 0]) + frames(2)
                             + bytes([SIZE | REQUEST, SIZE_INDEX["3x3"], 1, 0, 0]) + frames(2)
                             + bytes([SIZE | REQUEST, SIZE_INDEX["64x10"], 1, 0, 0]) + frames(2))
@@ -68,16 +71,20 @@ def segmentation_seeds():
         return bytes(luma + chroma)
 
     def coord(v, side):
-        return (v + 6) % (side + 12)
+        return next(p for p in range(192) if p * (side + 12) // 192 - 6 == v)
 
     seeds = {}
-    seeds["object_in_middle"] = bytes([31, 23, 2, coord(16, 32), coord(12, 24)]) + image(32, 24, (10, 8, 22, 16))
+    seeds["object_in_middle"] = bytes([2, 31, 23, coord(16, 32), coord(12, 24)]) + image(32, 24, (10, 8, 22, 16))
     # Working height 270 gives the search offset 5 with seeds off the image at negative coordinates.
-    seeds["corner_offset5"] = (bytes([39, 29, 3]) + struct.pack("<H", 269)
+    seeds["corner_offset5"] = (bytes([3, 39, 29]) + struct.pack("<H", 269)
                                + bytes([coord(2, 40), coord(2, 30)]) + image(40, 30, (0, 0, 12, 10)))
-    seeds["uniform"] = bytes([19, 19, 2, coord(5, 20), coord(5, 20)]) + image(20, 20, (0, 0, 0, 0))
-    seeds["one_pixel"] = bytes([0, 0, 0, 6, 6, 0x55])
-    seeds["touch_int_min"] = bytes([15, 15, 2, 192, 0, 192, 1]) + image(16, 16, (4, 4, 10, 10))
+    seeds["uniform"] = bytes([2, 19, 19, coord(5, 20), coord(5, 20)]) + image(20, 20, (0, 0, 0, 0))
+    seeds["one_pixel"] = bytes([0, 0, 0, coord(0, 1), coord(0, 1), 0x55])
+    seeds["touch_int_min"] = bytes([2, 15, 15, 192, 0, 192, 1]) + image(16, 16, (4, 4, 10, 10))
+    # 320 x 240 painted: a wide flat object with noise 3, touched in its middle.
+    seeds["painted_wide"] = (bytes([4]) + struct.pack("<HH", 319, 239) + bytes([coord(160, 320), coord(80, 240)])
+                             + bytes([100, 128, 128, 3, 1]) + struct.pack("<HHHH", 10, 60, 299, 99)
+                             + bytes([200, 60, 190]))
     return seeds
 
 

@@ -106,6 +106,7 @@ void PaintScene(const Scene& scene, HostFrame* f) {
   uint32_t state = scene.seed;
   for (size_t i = 0; i < f->y.size(); ++i) f->y.get()[i] = Noisy(scene.y, scene.noise, &state);
   for (size_t i = 0; i < f->uv.size(); ++i) f->uv.get()[i] = (i % 2 == 0) ? scene.c0 : scene.c1;
+  if (scene.hidden) return;
   for (const Shape& sh : scene.shapes) PaintShape(sh, f);
 }
 

@@ -24,6 +24,7 @@ struct Scene {
   uint8_t y = 100, c0 = 128, c1 = 128;  // background
   uint8_t noise = 4;                    // luma noise amplitude
   uint32_t seed = 1;
+  bool hidden = false;  // only the background is painted
   std::vector<Shape> shapes;
 
   // One disc in the middle, drifting right and down.

@@ -7,7 +7,8 @@
 //   0x00-0xDF  a frame; bits say which settings change first: 1 size, 2 request, 4 zoom,
 //              8 sensor, 16 format, 32 stride, 64 the scene holds still for this frame
 //   0xE0-0xE7  init_plovix          0xE8-0xEF  deinit_plovix
-//   0xF0-0xFF  a new scene (see Scene::Read)
+//   0xF0-0xF7  a new scene (see Scene::Read)
+//   0xF8-0xFF  hide the scene's shapes, or show them again
 // The first byte's bit 0 set means the handle is not initialised before the first operation.
 // With PLOVIX_FUZZ_TRACE set in the environment, every frame's record is printed (for writing seeds).
 #include <cfloat>
@@ -27,7 +28,8 @@ namespace plovix_fuzz {
 
 namespace {
 
-constexpr int kMaxFrames = 64;
+// Long enough for the block search after 100 lost frames and the end of tracking after 101.
+constexpr int kMaxFrames = 160;
 // Keeps a single input well under a second under the sanitizers.
 constexpr int64_t kPixelBudget = 6 * 640 * 480;
 
@@ -37,13 +39,15 @@ constexpr int kMaxRandomHeight = 480;
 struct Size {
   int w, h;
 };
-// Degenerate, tiny, odd, the 42-pixel lost-search edge, common preview sizes and a few that
-// are decimated (rate 2 and 4), plus zero and negative sides.
-constexpr Size kSizes[] = {{1, 1},     {2, 2},     {3, 3},     {4, 4},     {5, 3},     {7, 9},     {16, 16},
-                           {41, 43},   {42, 42},   {43, 41},   {42, 80},   {80, 42},   {63, 47},   {64, 48},
-                           {96, 72},   {101, 75},  {160, 120}, {176, 144}, {320, 240}, {321, 241}, {352, 288},
-                           {640, 480}, {639, 479}, {800, 600}, {810, 600}, {1280, 720}, {960, 720}, {0, 0},
-                           {0, 10},    {10, 0},    {-2, -2},   {64, 11},   {64, 10},   {2, 480},   {480, 2}};
+// Degenerate, tiny, odd, the 42-pixel lost-search edge, common preview sizes, a few that are
+// decimated (rate 2 and 4, down to working widths of 1 and 2 pixels), long thin ones, plus zero and
+// negative sides.
+constexpr Size kSizes[] = {{1, 1},     {2, 2},     {3, 3},     {4, 4},      {5, 3},     {7, 9},     {16, 16},
+                           {41, 43},   {42, 42},   {43, 41},   {42, 80},    {80, 42},   {63, 47},   {64, 48},
+                           {96, 72},   {101, 75},  {160, 120}, {176, 144},  {320, 240}, {321, 241}, {352, 288},
+                           {640, 480}, {639, 479}, {800, 600}, {810, 600},  {1280, 720}, {960, 720}, {0, 0},
+                           {0, 10},    {10, 0},    {-2, -2},   {64, 11},    {64, 10},   {2, 480},   {480, 2},
+                           {4, 724},   {8, 720},   {800, 720}, {4000, 2},   {2, 4000},  {1600, 3},  {3, 1200}};
 
 constexpr int32_t kFormats[] = {2, 3, 7, 2, 3, 7, 0, 1, 4, 5, 6, 8, -1, INT_MIN, INT_MAX, 255, 258};
 constexpr int32_t kSensors[] = {-1, 0, 1, 2, -2, INT_MIN, INT_MAX};
@@ -66,6 +70,7 @@ enum : uint8_t {
 constexpr uint8_t kFirstInitOp = 0xE0;
 constexpr uint8_t kFirstDeinitOp = 0xE8;
 constexpr uint8_t kFirstSceneOp = 0xF0;
+constexpr uint8_t kFirstHideOp = 0xF8;
 
 bool IsAcceptedFormat(int32_t f) { return f == 2 || f == 3 || f == 7; }
 
@@ -90,7 +95,9 @@ class Stream {
     if (init) init_plovix(handle_);
     for (int frames = 0; frames < kMaxFrames && !in_->Empty() && pixels_ < kPixelBudget;) {
       const uint8_t op = in_->U8();
-      if (op >= kFirstSceneOp) {
+      if (op >= kFirstHideOp) {
+        scene_.hidden = !scene_.hidden;
+      } else if (op >= kFirstSceneOp) {
         scene_ = Scene::Read(in_);
       } else if (op >= kFirstDeinitOp) {
         Check(deinit_plovix(handle_) == 0, "deinit_plovix result");
