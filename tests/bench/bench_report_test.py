@@ -6,9 +6,9 @@ import unittest
 
 HERE = os.path.dirname(os.path.abspath(__file__))
 SCRIPT = os.path.join(HERE, "..", "..", "scripts", "bench_report.py")
-spec = importlib.util.spec_from_file_location("bench_report", SCRIPT)
-bench_report = importlib.util.module_from_spec(spec)
-spec.loader.exec_module(bench_report)
+module_spec = importlib.util.spec_from_file_location("bench_report", SCRIPT)
+bench_report = importlib.util.module_from_spec(module_spec)
+module_spec.loader.exec_module(bench_report)
 
 
 def run(name, rep, p50, p90, allocs=0.0, **extra):
