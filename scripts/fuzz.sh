@@ -14,12 +14,18 @@ targets=()
 while [ $# -gt 0 ]; do
   case "$1" in
     --time)
-      [ $# -ge 2 ] && [[ "$2" =~ ^[1-9][0-9]*$ ]] || { echo "fuzz.sh: --time needs a whole number of seconds" >&2; exit 2; }
+      if [ $# -lt 2 ] || ! [[ "$2" =~ ^[1-9][0-9]*$ ]]; then
+        echo "fuzz.sh: --time needs a whole number of seconds" >&2
+        exit 2
+      fi
       seconds=$2; shift 2 ;;
     -h|--help) sed -n '2,7p' "$0" | sed 's/^# \{0,1\}//'; exit 0 ;;
     -*) echo "fuzz.sh: unknown option $1" >&2; exit 2 ;;
     *)
-      [[ " ${all_targets[*]} " == *" $1 "* ]] || { echo "fuzz.sh: unknown target $1 (known: ${all_targets[*]})" >&2; exit 2; }
+      if [[ " ${all_targets[*]} " != *" $1 "* ]]; then
+        echo "fuzz.sh: unknown target $1 (known: ${all_targets[*]})" >&2
+        exit 2
+      fi
       targets+=("$1"); shift ;;
   esac
 done

@@ -205,14 +205,18 @@ class Stream {
       Check(std::memcmp(&before, &rec_, sizeof rec_) == 0, "refused format leaves the record unwritten");
       return;
     }
-    Check(rec_.bTrackRequest == 0, "request cleared", rec_.bTrackRequest);
     if (result == -1) {
-      Check(engine->boxRealsize < 2, "-1 for an accepted format only with a degenerate box", engine->boxRealsize);
+      // A box side below 2 clears the request and writes nothing else. A frame without pixels may
+      // also be refused outright, leaving the record as it was.
       PlovixStruct expected = before;
       expected.bTrackRequest = 0;
-      Check(std::memcmp(&expected, &rec_, sizeof rec_) == 0, "degenerate box leaves the results unwritten");
+      const bool degenerate = engine->boxRealsize < 2 && std::memcmp(&expected, &rec_, sizeof rec_) == 0;
+      const bool noPixels = before.nWidth <= 0 || before.nHeight <= 0;
+      const bool refused = noPixels && std::memcmp(&before, &rec_, sizeof rec_) == 0;
+      Check(degenerate || refused, "-1 for an accepted format only with a degenerate box", engine->boxRealsize);
       return;
     }
+    Check(rec_.bTrackRequest == 0, "request cleared", rec_.bTrackRequest);
     if (rec_.nTrackState == PLOVIX_STATE_NOT_TRACKING) return;
     Check(rec_.nWeight == 100 && rec_.nPredictWeight == 100, "weights 100", rec_.nWeight, rec_.nPredictWeight);
     if (rec_.nWidth <= engine->boxRealsize) return;

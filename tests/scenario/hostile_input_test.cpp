@@ -158,7 +158,8 @@ TEST(HostileInput, ExtremeTouchesWrapInto32Bits) {
     Host host;
     host.Touch(c.x, c.y);
     host.Frame(64, 48);
-    EXPECT_EQ(host.log.Count("PlovixPlugin tracking request: pos " + std::to_string(c.px) + " " + std::to_string(c.py)), 1);
+    const std::string pos = std::to_string(c.px) + " " + std::to_string(c.py);
+    EXPECT_EQ(host.log.Count("PlovixPlugin tracking request: pos " + pos), 1);
     EXPECT_EQ(host.rec.nTrackState, c.state);
     host.Frame(64, 48, 33, 24);
   }
