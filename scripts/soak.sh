@@ -19,6 +19,6 @@ done
 [[ "$frames" =~ ^[0-9]+$ ]] || { echo "soak.sh: --frames needs a whole number, not '$frames'" >&2; exit 2; }
 
 scripts/setup.sh
-cmake -S . -B build -DCMAKE_BUILD_TYPE=RelWithDebInfo -DPLOVIX_SANITIZE= -DPLOVIX_BUILD_TESTS=ON >/dev/null
+cmake -S . -B build -DCMAKE_BUILD_TYPE=RelWithDebInfo -DPLOVIX_SANITIZE= -DPLOVIX_BUILD_TESTS=ON -DPLOVIX_BUILD_TOOLS=ON >/dev/null
 cmake --build build -j"$(nproc)" --target plovix-soak
-build/tests/soak/plovix-soak --frames "$frames"
+build/tools/soak/plovix-soak --frames "$frames"

@@ -7,7 +7,7 @@
 #include "memory_use.h"
 #include "plovixengine.h"
 #include "scene.h"
-#include "sim_clock.h"
+#include "replay/sim_clock.h"
 
 namespace soak {
 
@@ -91,7 +91,7 @@ int Soak::Process(const Step& s, int64_t frame) {
     rec_.nRequestX = ToFocusUnits(s.disc.cx, c.width());
     rec_.nRequestY = ToFocusUnits(s.disc.cy, c.height());
   }
-  soak_clock_set_ms(kClipStartMs + frame * 1000 / kFramesPerSecond);
+  plovix_replay_clock_set_ms(kClipStartMs + frame * 1000 / kFramesPerSecond);
 
   const double cpu0 = ThreadCpuMs();
   const auto t0 = std::chrono::steady_clock::now();
