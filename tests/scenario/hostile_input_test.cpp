@@ -212,24 +212,6 @@ TEST(HostileInput, SensorTypesAcrossSizeChangesStaySane) {
   }
 }
 
-TEST(HostileInput, RefusedFormatsLeaveTheRecordUnwritten) {
-  Host host;
-  host.Touch(0, 0);
-  host.Frame(64, 48);
-  ASSERT_EQ(host.rec.nTrackState, kTracking);
-  Planes p(64, 48, 32, 24);
-  for (int format : {0, 1, 4, 5, 6, 8, -1, INT_MIN, INT_MAX, 258}) {
-    PlovixStruct rec = host.rec;
-    rec.pY = p.y.get();
-    rec.pUV = p.uv.get();
-    rec.nFormat = format;
-    rec.bTrackRequest = 1;
-    const PlovixStruct before = rec;
-    EXPECT_EQ(process_plovix(host.Handle(), &rec), -1) << format;
-    EXPECT_EQ(std::memcmp(&before, &rec, sizeof rec), 0) << format;
-  }
-}
-
 // The announced stride is only checked; rows are always nWidth bytes apart.
 TEST(HostileInput, StrideNeverChangesTheResults) {
   std::vector<std::vector<int>> reference;
